@@ -1,0 +1,33 @@
+#pragma once
+// The commands of quillon-cli. Each command parses its own arguments and returns the exit
+// code: 0 done, 1 the work failed (message on stderr), 2 bad arguments.
+
+#include <QStringList>
+#include <QTextStream>
+#include <span>
+
+namespace quillon::cli {
+
+inline constexpr int kExitOk = 0;
+inline constexpr int kExitFailed = 1;
+inline constexpr int kExitUsage = 2;
+
+struct CliCommand {
+    const char* name;
+    const char* usage;     // arguments, as shown by --help
+    const char* summary;   // one line
+    int (*run)(const QStringList& args, QTextStream& out);
+};
+
+std::span<const CliCommand> Commands();
+
+// Usage error: message on stderr, returns kExitUsage.
+int UsageError(const QString& message);
+
+// Value of "--name VALUE" in args; nullopt if absent. A flag without its value is an error,
+// reported through `error`.
+std::optional<QString> OptionValue(const QStringList& args, const QString& name, QString& error);
+
+int RunCatalogue(const QStringList& args, QTextStream& out);
+
+}  // namespace quillon::cli

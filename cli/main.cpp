@@ -1,0 +1,72 @@
+// quillon-cli: the headless companion of the desktop program. It works on the same core, with
+// messages on stderr and questions answered by flags.
+
+#include "CliCommand.h"
+#include "CliPrompt.h"
+
+#include "shell/Globals.h"
+#include "shell/TextTable.h"
+
+#include <QCoreApplication>
+#include <QTextStream>
+#include <cstdio>
+#include <exception>
+#include <stdexcept>
+
+namespace quillon::cli {
+
+CliPrompt& TheCliPrompt() {
+    static CliPrompt prompt;
+    return prompt;
+}
+
+namespace {
+
+void PrintHelp(QTextStream& out) {
+    out << "Usage: quillon-cli COMMAND [ARGS]\n\nCommands:\n";
+    for (const CliCommand& c : Commands())
+        out << "  " << c.name << ' ' << c.usage << "\n      " << c.summary << '\n';
+    out << "\nData files (PARAM.DAT, IntialParam.DAT, ...) are read from the program's directory.\n"
+           "Exit codes: 0 done, 1 the work failed, 2 bad arguments.\n";
+}
+
+}  // namespace
+}  // namespace quillon::cli
+
+int main(int argc, char** argv) {
+    using namespace quillon;
+    using namespace quillon::cli;
+    QCoreApplication app(argc, argv);
+    g_strAppDir = QCoreApplication::applicationDirPath() + u'/';
+    ScopedPrompt prompt(TheCliPrompt());
+
+    QStringList args = app.arguments().mid(1);
+    QTextStream out(stdout);
+    if (args.isEmpty()) {
+        PrintHelp(out);
+        return kExitUsage;
+    }
+    const QString name = args.takeFirst();
+    if (name == QLatin1String("--help") || name == QLatin1String("-h") || name == QLatin1String("help")) {
+        PrintHelp(out);
+        return kExitOk;
+    }
+    for (const CliCommand& c : Commands()) {
+        if (name != QLatin1String(c.name)) continue;
+        try {
+            return c.run(args, out);
+        } catch (const std::out_of_range& e) {
+            // The rows the program needs are not in the data files beside it.
+            out.flush();
+            std::fprintf(stderr, "quillon-cli: %s: %s (%s in %s)\n", c.name,
+                         LoadText(TextId::DataFileLost).toUtf8().constData(), e.what(),
+                         g_strAppDir.toUtf8().constData());
+            return kExitFailed;
+        } catch (const std::exception& e) {
+            out.flush();
+            std::fprintf(stderr, "quillon-cli: %s: %s\n", c.name, e.what());
+            return kExitFailed;
+        }
+    }
+    return UsageError(QStringLiteral("unknown command '%1'").arg(name));
+}

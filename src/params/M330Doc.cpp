@@ -1,0 +1,76 @@
+#include "params/M330Doc.h"
+
+#include "params/CatalogueReader.h"
+#include "params/Overlays.h"
+#include "params/TextFile.h"
+#include "shell/Globals.h"
+#include "shell/Prompt.h"
+#include "shell/TextTable.h"
+
+namespace quillon {
+
+CM330Doc::CM330Doc(SessionState& session) : m_session(session) {
+    for (auto& g : m_rowChanged) g.fill(0);
+    LoadCatalogue(CataloguePath());
+    LoadMotorList(MotorListPath());
+    ApplyRatedDefaults(true);
+    m_bApplyToSetValue = 1;
+    m_session.m_bCompleteParams = 1;
+}
+
+void CM330Doc::OnNewDocument() { LoadInitialTable(InitialTablePath()); }
+
+ParamGroup& CM330Doc::GroupAt(int g) { return CheckedAt(m_groups, g); }
+const ParamGroup& CM330Doc::GroupAt(int g) const { return CheckedAt(m_groups, g); }
+ParamRow& CM330Doc::RowAt(int group, int r) { return CheckedAt(GroupAt(group).m_rows, r); }
+const ParamRow& CM330Doc::RowAt(int group, int r) const {
+    return CheckedAt(GroupAt(group).m_rows, r);
+}
+
+QString CM330Doc::CataloguePath() const {
+    return m_session.m_strAppDir + QLatin1String(kCatalogueFile);
+}
+QString CM330Doc::MotorListPath() const {
+    return m_session.m_strAppDir + QLatin1String(kMotorListFile);
+}
+QString CM330Doc::InitialTablePath() { return g_strAppDir + QLatin1String(kInitialTableFile); }
+
+void CM330Doc::LoadCatalogue(const QString& path) {
+    for (auto& g : m_savedRow) g.fill(0);
+    // A missing catalogue leaves no groups; the first indexed access then reports it.
+    const auto lines = ReadTextLines(path);
+    ParseCatalogue(lines ? *lines : std::vector<QString>{}, m_groups, m_rowExists);
+}
+
+void CM330Doc::LoadMotorList(const QString& path) {
+    m_motorList.clear();
+    if (const auto lines = ReadTextLines(path)) m_motorList = ParseMotorList(*lines);
+}
+
+void CM330Doc::LoadInitialTable(const QString& path) {
+    const auto lines = ReadTextLines(path);
+    if (!lines) {
+        Prompt().Message(LoadText(TextId::CantOpenFile));
+        return;
+    }
+    m_initTable = ParseInitialTable(*lines);
+    ApplyInitialTable();
+}
+
+void CM330Doc::ApplyInitialTable() {
+    ApplyInitialTableTo(m_groups, m_initTable, m_session.m_nModelCode, m_bApplyToSetValue != 0);
+}
+
+void CM330Doc::ApplyRatedDefaults(bool bothColumns) {
+    ApplyRatedDefaultsTo(m_groups, m_session.m_strModelName, m_session.m_nModelCode,
+                         m_session.m_nFreqClass, bothColumns);
+}
+
+void CM330Doc::ReloadCatalogue() {
+    m_groups.clear();
+    for (auto& g : m_rowChanged) g.fill(0);
+    LoadCatalogue(CataloguePath());
+    LoadInitialTable(InitialTablePath());
+}
+
+}  // namespace quillon

@@ -1,0 +1,20 @@
+#pragma once
+// Conversions between display text and numbers with the lenient C semantics the drive tool has
+// always used: leading blanks skipped, an optional sign, digits up to the first other character,
+// 0 when nothing converts. "12a" is 12, "abc" is 0, " 7" is 7.
+
+#include <QString>
+#include <QStringView>
+
+namespace quillon {
+
+int Atoi(QStringView text);
+double Atof(QStringView text);
+// Unsigned conversion in base 2, 8, 10 or 16, stopping at the first character that is not a
+// digit of the base; saturates at the largest unsigned long.
+unsigned long Strtoul(QStringView text, int base);
+
+// printf-style helpers for the fixed formats of display values.
+QString FormatFixed(double value, int decimals);  // "%.Nf"
+
+}  // namespace quillon

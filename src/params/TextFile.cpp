@@ -1,0 +1,37 @@
+#include "params/TextFile.h"
+
+#include <QFile>
+
+namespace quillon {
+
+std::optional<QByteArray> ReadSmallFile(const QString& path) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) return std::nullopt;
+    if (file.size() > kMaxDataFileBytes) return std::nullopt;
+    QByteArray bytes = file.read(kMaxDataFileBytes + 1);
+    if (bytes.size() > kMaxDataFileBytes) return std::nullopt;
+    return bytes;
+}
+
+std::vector<QString> SplitTextLines(const QByteArray& bytes) {
+    std::vector<QString> lines;
+    qsizetype start = 0;
+    while (start < bytes.size()) {
+        qsizetype lf = bytes.indexOf('\n', start);
+        const bool hasLf = lf >= 0;
+        if (!hasLf) lf = bytes.size();
+        qsizetype end = lf;
+        if (hasLf && end > start && bytes[end - 1] == '\r') --end;
+        lines.push_back(QString::fromUtf8(bytes.constData() + start, end - start));
+        start = lf + 1;
+    }
+    return lines;
+}
+
+std::optional<std::vector<QString>> ReadTextLines(const QString& path) {
+    auto bytes = ReadSmallFile(path);
+    if (!bytes) return std::nullopt;
+    return SplitTextLines(*bytes);
+}
+
+}  // namespace quillon

@@ -1,0 +1,49 @@
+#include "shell/CommSettings.h"
+
+#include "params/TextConv.h"
+#include "params/TextFile.h"
+#include "shell/Globals.h"
+
+#include <QDir>
+#include <QFile>
+
+namespace quillon {
+
+// The program directory already ends in a separator, so the name's own separator doubles it;
+// the path still names the same file.
+QString CommSettingsPrimaryPath() { return g_strAppDir + QLatin1String(kCommSettingsName); }
+QString CommSettingsFallbackPath() { return QDir::tempPath() + QLatin1String(kCommSettingsName); }
+
+void SaveCommSettings() {
+    const QByteArray content =
+        QString::asprintf("%d\n%d\n%d%d%d\n", g_nComPort, g_nBaudIndex, g_nDataBitsIndex,
+                          g_nParityIndex, g_nStopBitsIndex)
+            .toUtf8() +
+        g_strStationList.toUtf8() + '\n';
+    for (const QString& path : {CommSettingsPrimaryPath(), CommSettingsFallbackPath()}) {
+        QFile file(path);
+        if (file.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
+            file.write(content);
+            return;
+        }
+    }
+}
+
+void LoadCommSettings() {
+    auto lines = ReadTextLines(CommSettingsPrimaryPath());
+    if (!lines) lines = ReadTextLines(CommSettingsFallbackPath());
+    if (!lines) return;
+    const auto line = [&](size_t i) { return i < lines->size() ? (*lines)[i] : QString(); };
+    if (lines->size() > 0) g_nComPort = Atoi(line(0));
+    if (lines->size() > 1) g_nBaudIndex = Atoi(line(1));
+    // The three indices only come from a line of exactly three characters.
+    if (lines->size() > 2 && line(2).size() == 3) {
+        const int dps = Atoi(line(2));
+        g_nDataBitsIndex = dps / 100;
+        g_nParityIndex = dps / 10 % 10;
+        g_nStopBitsIndex = dps % 10;
+    }
+    if (lines->size() > 3) g_strStationList = line(3);
+}
+
+}  // namespace quillon

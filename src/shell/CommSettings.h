@@ -1,0 +1,22 @@
+#pragma once
+// kcomfile.ini: the line settings and station list of the last accepted link, kept between
+// sessions. Four lines: port, baud index, "DPS" digits (data bits, parity, stop bits), stations.
+// It is written beside the program, or in the temporary directory when the program directory
+// is not writable; read from the same two places.
+
+#include <QString>
+
+namespace quillon {
+
+inline constexpr const char* kCommSettingsName = "/kcomfile.ini";
+
+// Writes the process-wide settings. Nothing is reported when neither place can be written.
+void SaveCommSettings();
+// Reads them back; a file that can't be read leaves the current values standing.
+void LoadCommSettings();
+
+// The two places, in the order they are tried.
+QString CommSettingsPrimaryPath();
+QString CommSettingsFallbackPath();
+
+}  // namespace quillon

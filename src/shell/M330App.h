@@ -1,0 +1,55 @@
+#pragma once
+// The application object: brings the program up in a fixed order, restores the communication
+// settings of the last session, keeps the recent-project list, and is the last line of defence
+// for errors: an exception that escapes any handler is shown to the person and the session
+// goes on.
+
+#include "shell/RecentFileList.h"
+#include "ui/QtPrompt.h"
+
+#include <QApplication>
+#include <memory>
+
+namespace quillon {
+
+class CMainFrame;
+
+class CM330App : public QApplication {
+    Q_OBJECT
+public:
+    struct Options {
+        QString recentIniPath;  // empty: the standard settings place
+        QString appDir;         // empty: the executable's directory
+        bool showWindow = true;
+    };
+
+    CM330App(int& argc, char** argv, Options options);
+    CM330App(int& argc, char** argv) : CM330App(argc, argv, Options{}) {}
+    ~CM330App() override;
+
+    void SetOptions(Options options) { m_options = std::move(options); }
+
+    // Start-up in its fixed order. False: the program must end.
+    bool InitInstance();
+    // Writes the recent-file list back.
+    void ExitInstance();
+
+    bool notify(QObject* receiver, QEvent* event) override;
+
+    CMainFrame* MainFrame() const { return m_frame.get(); }
+    CRecentFileList& RecentFiles() { return m_recent; }
+
+    // File New: the model dialog, then a new project for the chosen model.
+    void OnFileNew();
+    // Opens a project file; false when it can't be opened.
+    bool OpenDocumentFile(const QString& path);
+
+private:
+    Options m_options;
+    CRecentFileList m_recent;
+    QtPrompt m_prompt;
+    std::unique_ptr<CMainFrame> m_frame;
+    IPrompt* m_previousPrompt = nullptr;
+};
+
+}  // namespace quillon

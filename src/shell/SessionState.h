@@ -1,0 +1,30 @@
+#pragma once
+// What a session remembers between commands: the project's model and frequency class, the link
+// and its stations, which groups the view shows. The main frame owns one; the document and the
+// command logic read and change it without needing a window.
+
+#include <QString>
+#include <vector>
+
+namespace quillon {
+
+inline constexpr int kDefaultModelCode = 1205;  // assumed until a model has been chosen
+
+struct SessionState {
+    int m_nModelCode = kDefaultModelCode;
+    QString m_strModelName;        // display name; empty until a model is chosen
+    int m_nFreqClass = 0;          // 0 = 50 Hz, 1 = 60 Hz
+    QString m_strAppDir;           // program directory with its closing separator
+    QString m_strProjectPath;      // empty for a new project
+    int m_nCurGroup = -1;          // -1 all groups, 0..13 one group, 14 simplified
+    int m_bCompleteParams = 1;     // 1 complete groups, 0 the simplified group
+    int m_bOnline = 0;
+    int m_bAutoRefresh = 0;
+    int m_nRefreshStation = -1;
+    int m_nReg0002 = 0;            // run source 00-02 as read at identification
+    QString m_strStationText;
+    std::vector<int> m_stations;
+    std::vector<int> m_stationVersions;
+};
+
+}  // namespace quillon

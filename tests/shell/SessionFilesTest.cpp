@@ -1,0 +1,164 @@
+// kcomfile.ini, the recent-project list and the command line.
+
+#include "shell/CommSettings.h"
+#include "shell/Globals.h"
+#include "shell/RecentFileList.h"
+#include "shell/StartupArgs.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <cstdlib>
+#include <gtest/gtest.h>
+
+using namespace quillon;
+
+namespace {
+
+// A program directory and a temporary directory of the test's own, so the fallback place of
+// the session file never touches the machine's real temporary directory.
+class CommSettingsTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        ResetGlobals();
+        ASSERT_TRUE(m_app.isValid() && m_tmp.isValid());
+        g_strAppDir = m_app.path() + '/';
+        m_oldTmp = qgetenv("TMPDIR");
+        qputenv("TMPDIR", m_tmp.path().toUtf8());
+        ASSERT_EQ(QDir::tempPath(), QDir(m_tmp.path()).canonicalPath());
+    }
+    void TearDown() override {
+        qputenv("TMPDIR", m_oldTmp);
+        ResetGlobals();
+    }
+    void WriteSettings(const QString& dir, const QByteArray& content) {
+        QFile f(dir + "/kcomfile.ini");
+        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+        f.write(content);
+    }
+    QTemporaryDir m_app, m_tmp;
+    QByteArray m_oldTmp;
+};
+
+}  // namespace
+
+TEST_F(CommSettingsTest, RoundTripInTheProgramDirectory) {
+    g_nComPort = 6;
+    g_nBaudIndex = 3;
+    g_nDataBitsIndex = 0;
+    g_nParityIndex = 1;
+    g_nStopBitsIndex = 0;
+    g_strStationList = "1,3,5-12";
+    SaveCommSettings();
+    QFile f(g_strAppDir + "kcomfile.ini");
+    ASSERT_TRUE(f.open(QIODevice::ReadOnly));
+    EXPECT_EQ(f.readAll(), QByteArray("6\n3\n010\n1,3,5-12\n"));
+
+    ResetGlobals();
+    g_strAppDir = m_app.path() + '/';
+    LoadCommSettings();
+    EXPECT_EQ(g_nComPort, 6);
+    EXPECT_EQ(g_nBaudIndex, 3);
+    EXPECT_EQ(g_nDataBitsIndex, 0);
+    EXPECT_EQ(g_nParityIndex, 1);
+    EXPECT_EQ(g_nStopBitsIndex, 0);
+    EXPECT_EQ(g_strStationList, "1,3,5-12");
+}
+
+TEST_F(CommSettingsTest, NoFileLeavesTheInitialLineSettings) {
+    LoadCommSettings();
+    EXPECT_EQ(g_nComPort, 0);
+    EXPECT_EQ(g_nBaudIndex, 2);       // 19200
+    EXPECT_EQ(g_nDataBitsIndex, 1);   // 8 data bits
+    EXPECT_EQ(g_nParityIndex, 2);     // none
+    EXPECT_EQ(g_nStopBitsIndex, 1);   // 2 stop bits
+    EXPECT_TRUE(g_strStationList.isEmpty());
+}
+
+TEST_F(CommSettingsTest, ThirdLineCountsOnlyWithExactlyThreeCharacters) {
+    WriteSettings(m_app.path(), "4\n1\n18\n2\n");
+    LoadCommSettings();
+    EXPECT_EQ(g_nComPort, 4);
+    EXPECT_EQ(g_nBaudIndex, 1);
+    EXPECT_EQ(g_nDataBitsIndex, 1);
+    EXPECT_EQ(g_nParityIndex, 2);
+    EXPECT_EQ(g_nStopBitsIndex, 1);
+    EXPECT_EQ(g_strStationList, "2");
+
+    WriteSettings(m_app.path(), "-1\n0\n101\n\n");  // TCP/IP, 4800, 8 data bits, even, 2 stop bits
+    LoadCommSettings();
+    EXPECT_EQ(g_nComPort, -1);
+    EXPECT_EQ(g_nDataBitsIndex, 1);
+    EXPECT_EQ(g_nParityIndex, 0);
+    EXPECT_EQ(g_nStopBitsIndex, 1);
+    EXPECT_TRUE(g_strStationList.isEmpty());
+}
+
+TEST_F(CommSettingsTest, UnwritableProgramDirectoryFallsBackOnTheTemporaryDirectory) {
+    g_strAppDir = m_app.path() + "/no-such-dir/";
+    g_nComPort = 2;
+    g_strStationList = "7";
+    SaveCommSettings();
+    EXPECT_TRUE(QFile::exists(m_tmp.path() + "/kcomfile.ini"));
+    g_nComPort = 0;
+    g_strStationList.clear();
+    LoadCommSettings();
+    EXPECT_EQ(g_nComPort, 2);
+    EXPECT_EQ(g_strStationList, "7");
+
+    // The program directory is tried first when reading as well.
+    WriteSettings(m_app.path(), "9\n2\n110\n9\n");
+    g_strAppDir = m_app.path() + '/';
+    LoadCommSettings();
+    EXPECT_EQ(g_nComPort, 9);
+}
+
+TEST(RecentFileList, KeepsEightNewestFirstAndStoresThemUnderTheirKeys) {
+    QTemporaryDir dir;
+    const QString ini = dir.filePath("recent.ini");
+    CRecentFileList list(ini);
+    for (int i = 1; i <= 9; ++i) list.Add(QStringLiteral("/p/project%1.qpj").arg(i));
+    ASSERT_EQ(list.Size(), 8);
+    EXPECT_EQ(list.At(0), "/p/project9.qpj");
+    EXPECT_EQ(list.At(7), "/p/project2.qpj");
+    list.Add("/p/project5.qpj");  // an entry already there moves to the top
+    EXPECT_EQ(list.Size(), 8);
+    EXPECT_EQ(list.At(0), "/p/project5.qpj");
+    EXPECT_EQ(list.At(1), "/p/project9.qpj");
+    list.Remove("/p/project9.qpj");
+    list.WriteList();
+
+    QFile f(ini);
+    ASSERT_TRUE(f.open(QIODevice::ReadOnly));
+    const QString text = QString::fromUtf8(f.readAll());
+    EXPECT_TRUE(text.contains("[My%20Recent%20File%20List]") || text.contains("[My Recent File List]"))
+        << text.toStdString();
+    EXPECT_TRUE(text.contains("MyFile1=/p/project5.qpj")) << text.toStdString();
+    EXPECT_FALSE(text.contains("MyFile8")) << text.toStdString();
+
+    CRecentFileList again(ini);
+    again.ReadList();
+    ASSERT_EQ(again.Size(), 7);
+    EXPECT_EQ(again.At(1), "/p/project8.qpj");
+    EXPECT_TRUE(again.At(7).isEmpty());
+}
+
+TEST(RecentFileList, DisplayNameIsCutToThirtyCharactersKeepingTheEnd) {
+    QTemporaryDir dir;
+    CRecentFileList list(dir.filePath("r.ini"));
+    list.Add("/home/engineer/projects/line-4/conveyor.qpj");
+    list.Add("/short.qpj");
+    EXPECT_EQ(list.DisplayName(0), "/short.qpj");
+    const QString cut = list.DisplayName(1);
+    EXPECT_EQ(cut.size(), 30);
+    EXPECT_TRUE(cut.endsWith("line-4/conveyor.qpj"));
+}
+
+TEST(StartupArgs, DdeSuffixIsCutAndABareDdeOpensNothing) {
+    EXPECT_EQ(StartupProjectPath({"quillon", "/work/a.qpj/dde"}), "/work/a.qpj");
+    EXPECT_EQ(StartupProjectPath({"quillon", "/work/a.qpj", "/dde"}), "/work/a.qpj");
+    EXPECT_EQ(StartupProjectPath({"quillon", "/work/a.qpj /dde"}), "/work/a.qpj");
+    EXPECT_TRUE(StartupProjectPath({"quillon", "/dde"}).isEmpty());
+    EXPECT_TRUE(StartupProjectPath({"quillon"}).isEmpty());
+    EXPECT_EQ(StartupProjectPath({"quillon", "/work/plain.qpj"}), "/work/plain.qpj");
+}

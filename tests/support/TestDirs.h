@@ -1,0 +1,28 @@
+#pragma once
+// Where tests find the data files, and a private copy of the program directory for tests that
+// change or remove files.
+
+#include <QString>
+#include <QTemporaryDir>
+#include <memory>
+
+namespace quillon::test {
+
+// The directory of the running test executable, where the build puts the data files; with a
+// trailing "/".
+QString DataDir();
+
+// A temporary program directory holding copies of the data files; removed on destruction.
+class TempAppDir {
+public:
+    TempAppDir();
+    QString Path() const;  // with a trailing "/"
+    QString File(const QString& name) const { return Path() + name; }
+    void Write(const QString& name, const QByteArray& content) const;
+    void Remove(const QString& name) const;
+
+private:
+    std::unique_ptr<QTemporaryDir> m_dir;
+};
+
+}  // namespace quillon::test

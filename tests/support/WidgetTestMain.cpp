@@ -1,0 +1,16 @@
+// main() of the widget tests: the real application object, so that its event dispatch (and its
+// last-resort error handling) is the one under test. Headless through the offscreen platform.
+
+#include "shell/M330App.h"
+
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", qgetenv("QT_QPA_PLATFORM").isEmpty() ? "offscreen" : qgetenv("QT_QPA_PLATFORM"));
+    ::testing::InitGoogleTest(&argc, argv);
+    QTemporaryDir settings;
+    quillon::CM330App app(argc, argv,
+                          {settings.filePath("recent.ini"), QString(), /*showWindow=*/false});
+    return RUN_ALL_TESTS();
+}

@@ -1,0 +1,4 @@
+target_sources(quillon_test_support PRIVATE
+  ${CMAKE_CURRENT_LIST_DIR}/ScriptedPrompt.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/TestDirs.cpp
+)
