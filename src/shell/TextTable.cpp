@@ -23,6 +23,28 @@ constexpr std::array kTexts{
     TextEntry{61582,
               "The software version is too old, can't open the file! please download the latest "
               "version!"},
+    // Texts of our own for the messages that have always had an id but never fixed words.
+    TextEntry{61623, "The run command source (00-02) isn't 0, parameter 00-01 can't be written!"},
+    // The names of the parameter groups, as the project tree and the Edit menu show them; the
+    // catalogue's group lines carry the same names.
+    TextEntry{61624, "群组 00: 基本功能"},
+    TextEntry{61625, "群组 01: V/F 控制"},
+    TextEntry{61626, "群组 02: 电机参数"},
+    TextEntry{61627, "群组 03: 数字输入输出"},
+    TextEntry{61628, "群组 04: 模拟输入输出"},
+    TextEntry{61629, "群组 05: 多段速"},
+    TextEntry{61630, "群组 06: 自动程序运转"},
+    TextEntry{61631, "群组 07: 启动与停止"},
+    TextEntry{61632, "群组 08: 保护功能"},
+    TextEntry{61633, "群组 09: 通讯功能"},
+    TextEntry{61634, "群组 10: PID 功能"},
+    TextEntry{61635, "群组 11: 辅助功能"},
+    TextEntry{61636, "群组 12: 监视功能"},
+    TextEntry{61637, "群组 13: 维护功能"},
+    TextEntry{61643,
+              "The inverter's voltage class differs from the project's model, can't write "
+              "parameters to it!"},
+    TextEntry{61645, "简易参数群组"},
 };
 
 constexpr bool StrictlyAscending()

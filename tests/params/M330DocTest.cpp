@@ -3,6 +3,7 @@
 #include "params/M330Doc.h"
 #include "params/TextFile.h"
 #include "shell/Globals.h"
+#include "shell/TextTable.h"
 #include "support/ScriptedPrompt.h"
 #include "support/TestDirs.h"
 
@@ -134,4 +135,15 @@ TEST(M330Doc, ReloadRebuildsRowsAndKeepsSetValuesOnlyThroughTheOverlay) {
     EXPECT_EQ(doc.m_rowChanged[0][0], 0);
     EXPECT_EQ(doc.RowAt(1, 1).m_strDefault, InitialValue(dir.Path(), 0, 24));
     EXPECT_EQ(doc.RowAt(13, 0).m_strDefault, "402");
+}
+
+TEST(M330Doc, CatalogueGroupNamesAreTheTreeAndMenuNames) {
+    TempAppDir dir;
+    SessionState s = SessionFor(dir.Path(), 1205, "R770-2P5-Kxx", 0);
+    CM330Doc doc(s);
+    ASSERT_EQ(doc.m_groups.size(), 15u);
+    for (int g = 0; g < 14; ++g)
+        EXPECT_EQ(doc.GroupAt(g).m_strName, LoadText(TextId::GroupName00 + g)) << g;
+    EXPECT_EQ(doc.GroupAt(0).m_strName, QStringLiteral("群组 00: 基本功能"));
+    EXPECT_EQ(doc.GroupAt(kSimplifiedGroup).m_strName, LoadText(TextId::SimplifiedGroupName));
 }

@@ -9,7 +9,9 @@
 #include "support/TestDirs.h"
 
 #include <QFile>
+#include <QDialog>
 #include <QPushButton>
+#include <QTimer>
 #include <QTest>
 #include <gtest/gtest.h>
 #include <stdexcept>
@@ -57,4 +59,38 @@ TEST(App, StartUpSetsTheProgramDirectoryAndRestoresTheLineSettings) {
     EXPECT_EQ(g_nStopBitsIndex, 0);
     EXPECT_EQ(g_strStationList, "1,2");
     ResetGlobals();
+}
+
+TEST(App, NewProjectWithoutCatalogueIsReportedAndTheProgramStaysUp) {
+    quillon::test::TempAppDir dir;
+    dir.Remove("PARAM.DAT");
+    App().SetOptions({dir.Path() + "recent.ini", dir.Path(), /*showWindow=*/false});
+    ASSERT_TRUE(App().InitInstance());
+    CMainFrame* frame = App().MainFrame();
+    frame->show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(frame));
+
+    ScriptedPrompt prompt;
+    // The model dialog opens modally; accept it as it comes up (first model, 50 Hz).
+    QTimer::singleShot(0, [] {
+        if (auto* dlg = qobject_cast<QDialog*>(QApplication::activeModalWidget())) dlg->accept();
+    });
+    QTest::keyClick(frame, Qt::Key_N, Qt::ControlModifier);
+    EXPECT_EQ(prompt.Messages(), QStringList{"invalid vector<T> subscript"});
+    EXPECT_EQ(frame->Document(), nullptr);
+    EXPECT_TRUE(frame->isVisible());
+
+    // With the file back, the same command makes a project for the chosen model.
+    ASSERT_TRUE(QFile::copy(QStringLiteral(QUILLON_SOURCE_DATA_DIR "/PARAM.DAT"), dir.File("PARAM.DAT")));
+    frame->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(frame));
+    QTimer::singleShot(0, [] {
+        if (auto* dlg = qobject_cast<QDialog*>(QApplication::activeModalWidget())) dlg->accept();
+    });
+    QTest::keyClick(frame, Qt::Key_N, Qt::ControlModifier);
+    ASSERT_NE(frame->Document(), nullptr);
+    EXPECT_EQ(frame->Session().m_nModelCode, 1102);
+    EXPECT_EQ(frame->Document()->RowAt(13, 0).m_strSetValue, "1P2");
+    EXPECT_EQ(frame->StatusPaneText(0), "File name:New Project");
+    frame->hide();
 }
