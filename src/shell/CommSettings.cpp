@@ -29,21 +29,23 @@ void SaveCommSettings() {
     }
 }
 
-void LoadCommSettings() {
-    auto lines = ReadTextLines(CommSettingsPrimaryPath());
-    if (!lines) lines = ReadTextLines(CommSettingsFallbackPath());
-    if (!lines) return;
-    const auto line = [&](size_t i) { return i < lines->size() ? (*lines)[i] : QString(); };
-    if (lines->size() > 0) g_nComPort = Atoi(line(0));
-    if (lines->size() > 1) g_nBaudIndex = Atoi(line(1));
+void ApplyCommSettingsLines(const std::vector<QString>& lines) {
+    if (lines.size() > 0) g_nComPort = Atoi(lines[0]);
+    if (lines.size() > 1) g_nBaudIndex = Atoi(lines[1]);
     // The three indices only come from a line of exactly three characters.
-    if (lines->size() > 2 && line(2).size() == 3) {
-        const int dps = Atoi(line(2));
+    if (lines.size() > 2 && lines[2].size() == 3) {
+        const int dps = Atoi(lines[2]);
         g_nDataBitsIndex = dps / 100;
         g_nParityIndex = dps / 10 % 10;
         g_nStopBitsIndex = dps % 10;
     }
-    if (lines->size() > 3) g_strStationList = line(3);
+    if (lines.size() > 3) g_strStationList = lines[3];
+}
+
+void LoadCommSettings() {
+    auto lines = ReadTextLines(CommSettingsPrimaryPath());
+    if (!lines) lines = ReadTextLines(CommSettingsFallbackPath());
+    if (lines) ApplyCommSettingsLines(*lines);
 }
 
 }  // namespace quillon

@@ -5,6 +5,7 @@
 // is not writable; read from the same two places.
 
 #include <QString>
+#include <vector>
 
 namespace quillon {
 
@@ -14,6 +15,9 @@ inline constexpr const char* kCommSettingsName = "/kcomfile.ini";
 void SaveCommSettings();
 // Reads them back; a file that can't be read leaves the current values standing.
 void LoadCommSettings();
+
+// Takes the settings from the lines of a session file; missing lines change nothing.
+void ApplyCommSettingsLines(const std::vector<QString>& lines);
 
 // The two places, in the order they are tried.
 QString CommSettingsPrimaryPath();
