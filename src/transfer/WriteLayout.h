@@ -1,0 +1,59 @@
+#pragma once
+// Which registers a group write sends, in which frames, and how a row's text becomes the value
+// that goes out.
+//
+// Two routes write whole groups: the Write command (groups 00..13 from the project) and the
+// editor's "Transmit Group" (the group open in the editor). They share the routines of groups
+// 00..12. Group 13 has one routine per route, and the simplified group is written by the editor
+// alone. Rows that no frame of a route covers are never written by it: 00-08 (a display), the
+// drive's communication settings 09-00..09-05, the read-only displays 12-05..12-07 and most of
+// group 13.
+
+#include "transfer/ReadLayout.h"
+
+#include <QString>
+#include <QtGlobal>
+#include <span>
+#include <vector>
+
+namespace quillon {
+
+enum class WriteRoute { Command, Editor };
+
+// Which routes send a frame.
+enum class WriteUse { Both, CommandOnly, EditorOnly };
+
+// When a frame is sent at all.
+enum class WriteCondition {
+    Always,
+    FreeVfCurve,  // only while the list's 01-00 is 7 (free V/f curve)
+    MotorData,    // only while motor data are written: a capacity mismatch the user accepted
+                  // keeps the motor data of the drive
+};
+
+// One function-16 frame: `frame.count` values from `frame.start`. The reply is 8 bytes.
+struct WriteFrame {
+    RegisterFrame frame;
+    WriteUse use;
+    WriteCondition condition;
+};
+
+// How a row's text turns into its register value in a group write.
+enum class WriteScaling {
+    Plain,          // by the row's read format; decimals as the cut product text x 10^d
+    Nudged,         // decimals as the cut of (text x 10^d + 0.0001)
+    WholeTimesTen,  // the whole-number part times ten: the decimals of the text fall away
+};
+
+// Every write frame, group by group, each group's frames in the order they are sent.
+std::span<const WriteFrame> WriteFrames();
+// The frames of one group that a route sends, in order (conditions not applied).
+std::vector<WriteFrame> WriteFramesOf(int groupIndex, WriteRoute route);
+// True when a frame of the route covers the row.
+bool IsWrittenRow(int groupIndex, int row, WriteRoute route);
+
+WriteScaling WriteScalingOf(int groupIndex, int row);
+// The value a group write sends for the row's text.
+quint16 GroupWriteValue(int groupIndex, int row, const QString& text);
+
+}  // namespace quillon

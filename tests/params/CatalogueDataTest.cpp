@@ -1,0 +1,432 @@
+// Consistency of the data files shipped beside the program (PARAM.DAT, IntialParam.DAT,
+// R770MOTORPARAM.DAT, R770.SPE) with the register layout, the parameter pages and each other.
+// The files are loaded through the real readers, from the copies beside the test executable.
+
+#include "params/M330Doc.h"
+#include "params/ModelSpec.h"
+#include "params/ModelTable.h"
+#include "params/TextConv.h"
+#include "shell/SessionState.h"
+#include "shell/TextTable.h"
+#include "support/TestDirs.h"
+#include "transfer/ReadLayout.h"
+#include "transfer/WriteLayout.h"
+
+#include <QFile>
+#include <QStringDecoder>
+#include <QStringList>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <memory>
+#include <optional>
+#include <set>
+#include <utility>
+#include <vector>
+
+namespace quillon {
+namespace {
+
+using RowKey = std::pair<int, int>;  // group index, row number
+
+std::string Str(const QString& s) { return s.toStdString(); }
+
+QString CodeOf(RowKey key) {
+    return key.first == kSimplifiedGroup ? QString::asprintf("F%02d", key.second)
+                                         : QString::asprintf("%02d-%02d", key.first, key.second);
+}
+
+RowKey KeyOf(const QString& code) {
+    if (code.startsWith(u'F')) return {kSimplifiedGroup, code.mid(1, 2).toInt()};
+    return {code.left(2).toInt(), code.mid(3, 2).toInt()};
+}
+
+// ---- the page table: tests/params/page_rows.tsv ---------------------------------------------
+
+struct PageRow {
+    RowKey key;
+    QString kind;
+    QString a;
+    QString b;
+    std::vector<int> models;  // empty: every model
+
+    bool AppliesTo(int model) const {
+        return models.empty() || std::find(models.begin(), models.end(), model) != models.end();
+    }
+};
+
+const std::vector<PageRow>& PageRows() {
+    static const std::vector<PageRow> rows = [] {
+        std::vector<PageRow> out;
+        QFile file(QStringLiteral(QUILLON_TESTS_DIR "/params/page_rows.tsv"));
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly | QIODevice::Text));
+        for (const QString& line : QString::fromUtf8(file.readAll()).split(u'\n')) {
+            if (line.isEmpty() || line.startsWith(u'#')) continue;
+            const QStringList f = line.split(u'\t');
+            PageRow row{KeyOf(f[0]), f.value(1), f.value(2), f.value(3), {}};
+            if (f.size() > 4)
+                for (const QString& m : f[4].split(u',')) row.models.push_back(m.toInt());
+            out.push_back(row);
+        }
+        EXPECT_GT(out.size(), 250u);
+        return out;
+    }();
+    return rows;
+}
+
+std::set<RowKey> PageKeys() {
+    std::set<RowKey> keys;
+    for (const PageRow& p : PageRows()) keys.insert(p.key);
+    return keys;
+}
+
+// Empty when the text is a value the row's control accepts, else why not.
+std::optional<std::string> PageRejects(const PageRow& p, const QString& text) {
+    static const QStringList resetCodes{"0000", "1150", "1160", "1250", "1260", "1350", "1360"};
+    auto fail = [&](const char* why) {
+        return std::optional<std::string>(Str(CodeOf(p.key) + " '" + text + "' ") + why + " (" +
+                                          Str(p.kind + " " + p.a + " " + p.b) + ")");
+    };
+    if (p.kind == "combo" || p.kind == "combo1") {
+        const int first = p.kind == "combo1" ? 1 : 0;
+        const int v = Atoi(text);
+        if (text != QString::number(v) || v < first || v >= first + p.a.toInt())
+            return fail("is no entry of the list");
+    } else if (p.kind == "code") {
+        if (!resetCodes.mid(0, p.a.toInt()).contains(text)) return fail("is no code of the list");
+    } else if (p.kind == "int") {
+        const int v = Atoi(text);
+        if (v < p.a.toInt() || v > p.b.toInt()) return fail("is out of range");
+    } else if (p.kind == "edit") {
+        // the pages' own test, with its margin
+        const double v = Atof(text);
+        if (!(Atof(p.a) - 0.000001 < v && v < Atof(p.b) + 0.000001)) return fail("is out of range");
+    } else if (p.kind == "digits") {
+        const int base = p.a.toInt(), fixed = p.b.toInt();
+        if (text.size() != 5) return fail("is not five digits");
+        for (int i = 0; i < 5; ++i) {
+            const int d = text[i].digitValue();
+            if (d < 0 || d >= base || (i < fixed && d != 0))
+                return fail("has a digit out of range");
+        }
+    } else if (p.kind != "ro") {
+        return fail("has an unknown kind");
+    }
+    return std::nullopt;
+}
+
+// ---- the initial table: which record goes to which row, and each model's column -------------
+
+enum class ColumnSet { A, B };
+struct InitTarget {
+    RowKey key;
+    ColumnSet set;
+};
+const std::array<std::optional<InitTarget>, 22> kInitTargets{{
+    InitTarget{{1, 1}, ColumnSet::A},  InitTarget{{1, 5}, ColumnSet::A},
+    InitTarget{{1, 7}, ColumnSet::A},  InitTarget{{1, 9}, ColumnSet::A},
+    InitTarget{{2, 0}, ColumnSet::A},  InitTarget{{2, 1}, ColumnSet::A},
+    InitTarget{{2, 4}, ColumnSet::A},  InitTarget{{8, 4}, ColumnSet::A},
+    InitTarget{{11, 14}, ColumnSet::A}, InitTarget{{1, 14}, ColumnSet::A},
+    InitTarget{{2, 5}, ColumnSet::A},  std::nullopt, std::nullopt, std::nullopt, std::nullopt,
+    InitTarget{{3, 20}, ColumnSet::A}, InitTarget{{3, 21}, ColumnSet::A},
+    InitTarget{{7, 7}, ColumnSet::A},  InitTarget{{8, 1}, ColumnSet::B},
+    InitTarget{{8, 2}, ColumnSet::B},  InitTarget{{8, 3}, ColumnSet::B},
+    InitTarget{{kSimplifiedGroup, 11}, ColumnSet::A},
+}};
+
+struct ModelColumns {
+    int model;
+    int a;
+    int b;
+};
+constexpr std::array<ModelColumns, 8> kModelColumns{{
+    {1205, 15, 4}, {201, 17, 6}, {202, 18, 7}, {203, 19, 8},
+    {401, 23, 12}, {402, 24, 13}, {403, 25, 14}, {405, 26, 15},
+}};
+
+int ColumnOf(const ModelColumns& m, ColumnSet set) { return set == ColumnSet::A ? m.a : m.b; }
+
+// ---- documents over the real files ----------------------------------------------------------
+
+QString DataFile(const char* name) { return test::DataDir() + QLatin1String(name); }
+
+// A document as the program builds one for `model` and `freqClass`; the session outlives it.
+struct LoadedDoc {
+    explicit LoadedDoc(int model, int freqClass = 0) {
+        session.m_strAppDir = test::DataDir();
+        session.m_nModelCode = model;
+        QString capacity;
+        session.m_strModelName = ModelNameFromCode(model, capacity);
+        session.m_nFreqClass = freqClass;
+        doc = std::make_unique<CM330Doc>(session);
+    }
+    // A new project: the initial table's values in both columns.
+    void ApplyInitialTable() {
+        doc->m_bApplyToSetValue = 1;
+        doc->LoadInitialTable(DataFile(kInitialTableFile));
+    }
+    // The catalogue as the file has it, without any overlay.
+    void ReloadRawCatalogue() { doc->LoadCatalogue(doc->CataloguePath()); }
+    const ParamRow& Row(RowKey k) const { return doc->RowAt(k.first, k.second); }
+
+    SessionState session;
+    std::unique_ptr<CM330Doc> doc;
+};
+
+std::set<RowKey> ExistingRows(const CM330Doc& doc) {
+    std::set<RowKey> keys;
+    for (int g = 0; g < static_cast<int>(doc.m_groups.size()); ++g)
+        for (int r = 0; r < static_cast<int>(doc.GroupAt(g).m_rows.size()); ++r)
+            if (doc.RowAt(g, r).m_bExists) keys.insert({g, r});
+    return keys;
+}
+
+// Every row some part of the program addresses by number.
+std::set<RowKey> AddressedRows() {
+    std::set<RowKey> keys = PageKeys();
+    for (const RegisterFrame& f : ReadFrames())
+        for (int r = f.FirstRow(); r <= f.LastRow(); ++r) keys.insert({f.group, r});
+    for (const WriteFrame& f : WriteFrames())
+        for (int r = f.frame.FirstRow(); r <= f.frame.LastRow(); ++r)
+            keys.insert({f.frame.group, r});
+    return keys;
+}
+
+// The default, and the set value where it differs.
+QStringList ValuesOf(const ParamRow& row) {
+    QStringList values{row.m_strDefault};
+    if (row.m_strSetValue != row.m_strDefault) values << row.m_strSetValue;
+    return values;
+}
+
+// Both value columns of every row hold the text a drive's register reads as.
+void ExpectCanonicalTexts(const CM330Doc& doc, const char* what) {
+    for (const RowKey& k : ExistingRows(doc)) {
+        const ParamRow& row = doc.RowAt(k.first, k.second);
+        const RegFormat format = ReadFormatOf(k.first, k.second);
+        for (const QString& text : ValuesOf(row))
+            EXPECT_EQ(Str(FormatRegister(format, ParseRegisterText(format, text))), Str(text))
+                << what << ": " << Str(CodeOf(k));
+    }
+}
+
+// Both value columns of every page row are values the page accepts for `model`.
+void ExpectWithinPages(const CM330Doc& doc, int model, const char* what) {
+    std::set<RowKey> checked;
+    for (const PageRow& p : PageRows()) {
+        if (!p.AppliesTo(model)) continue;
+        checked.insert(p.key);
+        const ParamRow& row = doc.RowAt(p.key.first, p.key.second);
+        for (const QString& text : ValuesOf(row))
+            if (auto why = PageRejects(p, text)) {
+                ADD_FAILURE() << what << " model " << model << ": " << *why;
+            }
+    }
+    EXPECT_EQ(checked, PageKeys()) << "model " << model << " lacks limits for some page row";
+}
+
+// The relations the drive and the group write insist on hold for the factory values, so that a
+// factory set can be written back as it stands.
+void ExpectDriveRulesHold(const CM330Doc& doc, const char* what) {
+    auto text = [&](int g, int r) { return Str(doc.RowAt(g, r).m_strDefault); };
+    auto num = [&](int g, int r) { return Atof(doc.RowAt(g, r).m_strDefault); };
+    EXPECT_NE(text(0, 2), text(0, 3)) << what;
+    EXPECT_NE(text(0, 5), text(0, 6)) << what;
+    EXPECT_NE(text(10, 0), text(10, 1)) << what;
+    EXPECT_GE(num(1, 4), num(1, 6)) << what;
+    EXPECT_GE(num(1, 6), num(1, 8)) << what;
+    EXPECT_GE(num(1, 5), num(1, 7)) << what;
+    EXPECT_GE(num(1, 7), num(1, 9)) << what;
+    EXPECT_LT(num(2, 0), num(2, 1)) << what;
+    EXPECT_LE(num(0, 13), num(0, 12)) << what;  // lower and upper frequency limit
+    EXPECT_LE(num(kSimplifiedGroup, 6), num(kSimplifiedGroup, 5)) << what;
+}
+
+// ---- the tests ------------------------------------------------------------------------------
+
+TEST(CatalogueData, FilesAreUtf8TextWithLineFeeds) {
+    for (const char* name : {kCatalogueFile, kInitialTableFile, kMotorListFile, "R770.SPE"}) {
+        QFile file(DataFile(name));
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly)) << name;
+        const QByteArray bytes = file.readAll();
+        ASSERT_FALSE(bytes.isEmpty()) << name;
+        EXPECT_FALSE(bytes.contains('\r')) << name;
+        EXPECT_TRUE(bytes.endsWith('\n')) << name;  // readers drop a line's last character
+        EXPECT_FALSE(bytes.contains("\n\n")) << name;
+        QStringDecoder utf8(QStringDecoder::Utf8);
+        const QString text = utf8.decode(bytes);
+        EXPECT_FALSE(utf8.hasError()) << name;
+        EXPECT_FALSE(text.isEmpty()) << name;
+    }
+}
+
+TEST(CatalogueData, FifteenGroupsInOrderWithNamedRows) {
+    LoadedDoc d(kDefaultModelCode);
+    d.ReloadRawCatalogue();
+    const CM330Doc& doc = *d.doc;
+    ASSERT_EQ(doc.m_groups.size(), 15u);
+    EXPECT_EQ(Str(doc.GroupAt(0).m_strName), "群组 00: 基本功能");
+    for (int g = 1; g < 14; ++g) {
+        const QString prefix = QString::asprintf("%02d: ", g).prepend(QStringLiteral("群组 "));
+        const QString& name = doc.GroupAt(g).m_strName;
+        EXPECT_TRUE(name.startsWith(prefix) && name.size() > prefix.size()) << Str(name);
+    }
+    EXPECT_EQ(Str(doc.GroupAt(kSimplifiedGroup).m_strName), "简易参数群组");
+    // the project tree and the menu name the groups from the text table: the same words
+    for (int g = 0; g < 14; ++g)
+        EXPECT_EQ(Str(doc.GroupAt(g).m_strName), Str(LoadText(TextId::GroupName00 + g))) << g;
+    EXPECT_EQ(Str(doc.GroupAt(kSimplifiedGroup).m_strName),
+              Str(LoadText(TextId::SimplifiedGroupName)));
+
+    for (int g = 0; g < kGroupCount; ++g) {
+        const auto& rows = doc.GroupAt(g).m_rows;
+        EXPECT_LE(rows.size(), static_cast<size_t>(kRowsPerGroup));
+        for (int r = 0; r < static_cast<int>(rows.size()); ++r) {
+            const ParamRow& row = rows[r];
+            const QString code = CodeOf({g, r});
+            // the index of a row is its number, and the code carries it
+            EXPECT_TRUE(row.m_strCode.startsWith(code)) << Str(code) << " " << Str(row.m_strCode);
+            EXPECT_EQ(doc.m_rowExists[g][r], row.m_bExists) << Str(code);
+            if (!row.m_bExists) {
+                EXPECT_EQ(Str(row.m_strDefault), "0") << Str(code);
+                continue;
+            }
+            // code, one blank, the list text; then the display name
+            EXPECT_EQ(row.m_strCode.mid(code.size(), 1), " ") << Str(row.m_strCode);
+            EXPECT_FALSE(row.m_strCode.mid(code.size() + 1).trimmed().isEmpty()) << Str(code);
+            EXPECT_FALSE(row.m_strName.trimmed().isEmpty()) << Str(code);
+            // texts travel unquoted through comma-separated exports
+            EXPECT_FALSE(row.m_strCode.contains(u',') || row.m_strName.contains(u',')) << Str(code);
+        }
+    }
+}
+
+TEST(CatalogueData, RowsExistExactlyWhereTheyAreAddressed) {
+    LoadedDoc d(kDefaultModelCode);
+    const std::set<RowKey> existing = ExistingRows(*d.doc);
+    const std::set<RowKey> addressed = AddressedRows();
+    for (const RowKey& k : addressed) {
+        ASSERT_LT(k.first, static_cast<int>(d.doc->m_groups.size()));
+        const auto& rows = d.doc->GroupAt(k.first).m_rows;
+        EXPECT_TRUE(k.second < static_cast<int>(rows.size()) && rows[k.second].m_bExists)
+            << Str(CodeOf(k)) << " is addressed but missing";
+    }
+    // gap rows only in the holes of the register map, and no row nothing uses
+    for (const RowKey& k : existing)
+        EXPECT_TRUE(addressed.count(k)) << Str(CodeOf(k)) << " exists but nothing addresses it";
+}
+
+TEST(CatalogueData, DefaultsAreTheTextsAFactoryFreshDriveReads) {
+    LoadedDoc d(kDefaultModelCode);
+    d.ReloadRawCatalogue();
+    for (const RowKey& k : ExistingRows(*d.doc))
+        EXPECT_EQ(Str(d.Row(k).m_strDefault), Str(d.Row(k).m_strSetValue)) << Str(CodeOf(k));
+    ExpectCanonicalTexts(*d.doc, "catalogue");
+}
+
+TEST(CatalogueData, DefaultsLieWithinTheirPages) {
+    // The model-dependent rows carry the values of the model assumed before one is chosen.
+    LoadedDoc d(kDefaultModelCode);
+    d.ReloadRawCatalogue();
+    ExpectWithinPages(*d.doc, kDefaultModelCode, "catalogue");
+    ExpectDriveRulesHold(*d.doc, "catalogue");
+}
+
+TEST(CatalogueData, RatedValuesOfBothFrequencyClassesFitTheCatalogue) {
+    for (int freqClass : {0, 1}) {
+        LoadedDoc d(kDefaultModelCode, freqClass);
+        const char* what = freqClass == 0 ? "50 Hz" : "60 Hz";
+        ExpectCanonicalTexts(*d.doc, what);
+        ExpectWithinPages(*d.doc, kDefaultModelCode, what);
+        ExpectDriveRulesHold(*d.doc, what);
+    }
+}
+
+TEST(CatalogueData, InitialTableHasTwentyTwoRecordsOfTwentySevenValues) {
+    LoadedDoc d(kDefaultModelCode);
+    d.ApplyInitialTable();
+    const auto& table = d.doc->m_initTable;
+    ASSERT_EQ(table.size(), kInitTargets.size());
+    std::set<QString> keys;
+    for (size_t i = 0; i < table.size(); ++i) {
+        EXPECT_FALSE(table[i].m_strKey.isEmpty()) << i;
+        EXPECT_TRUE(keys.insert(table[i].m_strKey).second)
+            << "key twice: " << Str(table[i].m_strKey);
+        ASSERT_EQ(table[i].m_values.size(), 27u) << Str(table[i].m_strKey);
+        for (size_t c = 0; c < 27; ++c)
+            EXPECT_FALSE(table[i].m_values[c].isEmpty()) << i << "/" << c;
+        // every column, used or not, is spelled in the target row's format
+        if (const auto& t = kInitTargets[i]) {
+            const RegFormat format = ReadFormatOf(t->key.first, t->key.second);
+            for (const QString& v : table[i].m_values)
+                EXPECT_EQ(Str(FormatRegister(format, ParseRegisterText(format, v))), Str(v))
+                    << Str(table[i].m_strKey) << " for " << Str(CodeOf(t->key));
+        }
+    }
+}
+
+TEST(CatalogueData, InitialTableGivesEachModelValuesWithinItsLimits) {
+    for (const ModelColumns& m : kModelColumns) {
+        LoadedDoc d(m.model);
+        d.ApplyInitialTable();
+        const auto& table = d.doc->m_initTable;
+        ASSERT_EQ(table.size(), kInitTargets.size());
+        for (size_t i = 0; i < kInitTargets.size(); ++i) {
+            const auto& t = kInitTargets[i];
+            if (!t) continue;
+            const QString& value = table[i].m_values.at(ColumnOf(m, t->set));
+            const std::string where = std::to_string(m.model) + " " + Str(CodeOf(t->key));
+            EXPECT_EQ(Str(d.Row(t->key).m_strDefault), Str(value)) << where;
+            EXPECT_EQ(Str(d.Row(t->key).m_strSetValue), Str(value)) << where;
+        }
+        ExpectCanonicalTexts(*d.doc, "new project");
+        ExpectWithinPages(*d.doc, m.model, "new project");
+        ExpectDriveRulesHold(*d.doc, "new project");
+    }
+}
+
+TEST(CatalogueData, ModelDependentDefaultsAreThoseOfTheStartModel) {
+    LoadedDoc d(kDefaultModelCode);
+    d.ApplyInitialTable();
+    const auto table = d.doc->m_initTable;
+    d.ReloadRawCatalogue();
+    const ModelColumns& start = kModelColumns[0];
+    ASSERT_EQ(start.model, kDefaultModelCode);
+    for (size_t i = 0; i < kInitTargets.size(); ++i) {
+        if (const auto& t = kInitTargets[i]) {
+            const QString& value = table[i].m_values.at(ColumnOf(start, t->set));
+            EXPECT_EQ(Str(d.Row(t->key).m_strDefault), Str(value)) << Str(CodeOf(t->key));
+        }
+    }
+}
+
+TEST(CatalogueData, MotorListNamesTheMotorRowsOfAWrite) {
+    LoadedDoc d(kDefaultModelCode);
+    QStringList codes;
+    for (const MotorParam& p : d.doc->m_motorList) {
+        codes << p.m_strCode;
+        const RowKey k = KeyOf(p.m_strCode);
+        ASSERT_EQ(k.first, 2) << Str(p.m_strCode);
+        EXPECT_EQ(Str(p.m_strName), Str(d.Row(k).m_strName)) << Str(p.m_strCode);
+    }
+    QStringList written;
+    for (int r = 0; r < kRowsPerGroup; ++r)
+        if (IsWrittenRow(2, r, WriteRoute::Command)) written << CodeOf({2, r});
+    EXPECT_EQ(Str(codes.join(u' ')), Str(written.join(u' ')));
+}
+
+TEST(CatalogueData, ModelSpecDescribesEveryModelInTableOrder) {
+    const ModelSpecList spec = ReadModelSpec(DataFile("R770.SPE"));
+    QStringList expected;
+    for (const ModelRow& m : ModelTable()) expected << QLatin1String(m.name);
+    EXPECT_EQ(Str(spec.names.join(u' ')), Str(expected.join(u' ')));
+    ASSERT_EQ(spec.descriptions.size(), expected.size());
+    for (qsizetype i = 0; i < spec.descriptions.size(); ++i)
+        EXPECT_GE(spec.descriptions[i].trimmed().size(), 5) << Str(expected[i]);
+}
+
+}  // namespace
+}  // namespace quillon
