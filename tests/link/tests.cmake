@@ -1,0 +1,21 @@
+# Link layer: frames, results, port names, and CDriveSerial over the in-process simulator, a
+# real pseudo-terminal and TCP; against a libmodbus slave as an independent peer.
+find_package(PkgConfig REQUIRED)
+pkg_check_modules(LIBMODBUS REQUIRED IMPORTED_TARGET libmodbus)
+
+add_library(link_test_support STATIC ${CMAKE_CURRENT_LIST_DIR}/LinkTestSupport.cpp)
+target_link_libraries(link_test_support PUBLIC quillon_test_support r770_sim_lib GTest::gtest)
+target_include_directories(link_test_support PUBLIC ${CMAKE_CURRENT_LIST_DIR})
+
+quillon_add_test(link_tests SOURCES
+  ${CMAKE_CURRENT_LIST_DIR}/DriveSerialSimTest.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/ModbusFrameTest.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/PortMapTest.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/PtyTransportTest.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/ReplyJudgeTest.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/TcpTransportTest.cpp
+)
+target_link_libraries(link_tests PRIVATE link_test_support)
+
+quillon_add_test(link_libmodbus_tests SOURCES ${CMAKE_CURRENT_LIST_DIR}/LibmodbusSlaveTest.cpp)
+target_link_libraries(link_libmodbus_tests PRIVATE link_test_support PkgConfig::LIBMODBUS)
