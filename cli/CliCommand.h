@@ -6,6 +6,10 @@
 #include <QTextStream>
 #include <span>
 
+namespace quillon {
+class CM330Doc;
+}
+
 namespace quillon::cli {
 
 inline constexpr int kExitOk = 0;
@@ -29,5 +33,9 @@ int UsageError(const QString& message);
 std::optional<QString> OptionValue(const QStringList& args, const QString& name, QString& error);
 
 int RunCatalogue(const QStringList& args, QTextStream& out);
+int RunDump(const QStringList& args, QTextStream& out);
+
+// The rows of a document, one a line: group, row, exists, code, default, set value (tab-separated).
+void PrintRows(const CM330Doc& doc, QTextStream& out);
 
 }  // namespace quillon::cli

@@ -6,10 +6,14 @@
 namespace quillon::cli {
 
 std::span<const CliCommand> Commands() {
-    static const std::array<CliCommand, 1> kCommands{{
+    static const std::array<CliCommand, 2> kCommands{{
         {"catalogue", "--model CODE [--freq 0|1]",
          "print the rows of a new project for a model: group, row, exists, code, default, set value",
          &RunCatalogue},
+        {"dump", "FILE.qpj",
+         "print a project file: version, model, freq, print titles, graph channels, then its rows "
+         "as catalogue prints them",
+         &RunDump},
     }};
     return kCommands;
 }

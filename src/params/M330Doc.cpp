@@ -14,6 +14,7 @@ CM330Doc::CM330Doc(SessionState& session) : m_session(session) {
     LoadCatalogue(CataloguePath());
     LoadMotorList(MotorListPath());
     ApplyRatedDefaults(true);
+    m_session.m_graphSettings.Reset();
     m_bApplyToSetValue = 1;
     m_session.m_bCompleteParams = 1;
 }

@@ -16,11 +16,21 @@ inline constexpr const char* kCatalogueFile = "PARAM.DAT";
 inline constexpr const char* kInitialTableFile = "IntialParam.DAT";
 inline constexpr const char* kMotorListFile = "R770MOTORPARAM.DAT";
 
+// The three titles of the printed parameter list, set in "Print Title Set" and kept in the
+// project file. They belong to the project's view; the document carries them so that the file
+// can be read and written without a window.
+struct PrintTitles {
+    QString m_strTitle = QStringLiteral("Parameter Setting List");
+    QString m_strName;
+    QString m_strDepartment;
+};
+
 class CM330Doc {
 public:
     // Loads the catalogue and the motor list from the session's program directory and puts the
-    // rated values of the session's model on both columns. Raises the range failure when the
-    // catalogue is missing or too short.
+    // rated values of the session's model on both columns; the session's graph curves start
+    // unused and its parameters complete. Raises the range failure when the catalogue is missing
+    // or too short.
     explicit CM330Doc(SessionState& session);
     virtual ~CM330Doc() = default;
     CM330Doc(const CM330Doc&) = delete;
@@ -63,6 +73,7 @@ public:
     std::vector<InitRecord> m_initTable;
     std::vector<ParamGroup> m_groups;
     FlagTable m_rowChanged{};
+    PrintTitles m_printTitles;
 
 private:
     SessionState& m_session;

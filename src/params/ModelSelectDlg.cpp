@@ -1,5 +1,7 @@
 #include "params/ModelSelectDlg.h"
 
+#include "shell/ErrorReport.h"
+
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFormLayout>
@@ -30,7 +32,8 @@ CModelSelectDlg::CModelSelectDlg(SessionState& session, const QString& appDir, Q
     m_model->setCurrentIndex(found >= 0 ? found : (m_spec.names.isEmpty() ? -1 : 0));
     const int shown = found >= 0 ? found : 0;
     if (shown < m_spec.descriptions.size()) m_description->setText(m_spec.descriptions[shown]);
-    connect(m_model, &QComboBox::currentIndexChanged, this, &CModelSelectDlg::ShowDescription);
+    connect(m_model, &QComboBox::currentIndexChanged, this,
+            Guarded([this](int index) { ShowDescription(index); }));
 
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     connect(buttons, &QDialogButtonBox::accepted, this, &CModelSelectDlg::accept);

@@ -41,7 +41,7 @@ public:
 
     // File New: the model dialog, then a new project for the chosen model.
     void OnFileNew();
-    // Opens a project file; false when it can't be opened.
+    // Opens a project file (command line, dropped file); false when it can't be opened.
     bool OpenDocumentFile(const QString& path);
 
 private:

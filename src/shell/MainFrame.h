@@ -1,42 +1,123 @@
 #pragma once
 // The main window of a session. It owns the session state (model, frequency class, link and
-// stations) and outlives the project documents, which New and Open replace whole.
+// stations, graph curves) and outlives the project documents, which New and Open replace whole.
+// It holds the menus, the tool bar, the status bar with its five panes and the docking bar with
+// the project tree, and routes the commands: each command id goes to one handler, and its enable
+// and check state comes from the command table.
 
 #include "params/M330Doc.h"
+#include "shell/ChildFrame.h"
+#include "shell/MenuLayout.h"
+#include "shell/ProjectCommands.h"
 #include "shell/SessionState.h"
 
 #include <QMainWindow>
-#include <memory>
+#include <QPointer>
+#include <functional>
+#include <map>
+#include <span>
+#include <vector>
 
-class QMdiArea;
+class QDockWidget;
 class QLabel;
+class QMdiArea;
+class QMenu;
+class QTabWidget;
+class QTimer;
+class QToolBar;
 
 namespace quillon {
 
-class CMainFrame : public QMainWindow {
+class CCJTreeCtrl;
+class CM330View;
+class CRecentFileList;
+struct CommandState;
+
+class CMainFrame : public QMainWindow, private IProjectWindows {
     Q_OBJECT
 public:
-    explicit CMainFrame(QWidget* parent = nullptr);
+    explicit CMainFrame(CRecentFileList& recent, QWidget* parent = nullptr);
     ~CMainFrame() override;
 
     SessionState& Session() { return m_session; }
-    CM330Doc* Document() { return m_doc.get(); }
-    // Takes over a freshly created document; the previous project is gone with it.
-    void SetDocument(std::unique_ptr<CM330Doc> doc);
-    // Status panes 0..3 show their label and the text; pane 4 the text alone.
-    void SetStatusPane(int pane, const QString& text);
+    CProjectCommands& Commands() { return m_commands; }
+    CM330Doc* Document() const { return m_commands.Document(); }
+    // The view of the project window, nullptr without a project.
+    CM330View* View() const;
+    CChildFrame* ChildFrame() const { return m_child; }
+    CCJTreeCtrl* Tree() const { return m_tree; }
+    QDockWidget* DockBar() const { return m_dock; }
+    QToolBar* ToolBar() const { return m_toolbar; }
+
+    // Status panes 0..3 show their label and the text; pane 4 the text alone; others are ignored.
+    void SetStatusPane(int pane, const QString& text) override;
     QString StatusPaneText(int pane) const;
+    QLabel* StatusPane(int pane) const;
+    // The part of the project path behind its last separator.
+    QString ProjectFileName() const { return m_commands.ProjectFileName(); }
+
+    void RebuildTree() override;
+    void ClearTree() override;
+    // A left click on the project tree: the list switches to the clicked item's groups.
+    void OnTreeClick();
+
+    // Runs a command as if it had been chosen from a menu; a disabled command does nothing.
+    void OnCommand(int id);
+    // Installs the handler of a command that a later subsystem provides.
+    void SetCommandHandler(int id, std::function<void()> handler);
+    // Puts every menu entry and tool-bar button into the state the command table gives, and
+    // shows the menu bar that fits: 128 without a project, 129 with one.
+    void UpdateCommandUI();
+    CommandState CurrentCommandState() const;
+    QAction* Action(int id) const;
+    int CurrentMenuId() const { return m_menuId; }
 
     QString m_strAppDir;  // program directory, with its closing separator
 
-signals:
-    void FileNewRequested();
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
 private:
+    // IProjectWindows
+    bool RunModelSelect() override;
+    void ShowProjectWindow(CM330Doc& doc) override;
+    bool HasProjectWindow() const override { return m_child != nullptr; }
+    void DestroyProjectWindow() override;
+    void SetProjectWindowTitle(const QString& title) override;
+    void StopAutoRefresh() override;
+    void RecentListChanged() override;
+
+    void CreateActions();
+    void CreateMenus();
+    void FillMenu(QMenu* menu, std::span<const MenuEntry> entries);
+    QAction* TwinAction(QAction* action, const char* text, QMenu* menu);
+    void CreateToolBar();
+    void CreateStatusBar();
+    void CreateDockBar();
+    void InstallBuiltInHandlers();
+    void LayoutStatusPanes();
+    void RefreshRecentActions();
+    void OnHelp();
+    static void DisposeWindow(CChildFrame* child);
+
     SessionState m_session;
-    std::unique_ptr<CM330Doc> m_doc;
+    CRecentFileList& m_recent;
+    CProjectCommands m_commands;
     QMdiArea* m_mdi;
-    QLabel* m_panes[5];
+    QPointer<CChildFrame> m_child;
+    QLabel* m_panes[5] = {};
+    QDockWidget* m_dock = nullptr;
+    QTabWidget* m_tabs = nullptr;
+    CCJTreeCtrl* m_tree = nullptr;
+    QToolBar* m_toolbar = nullptr;
+    QTimer* m_uiTimer = nullptr;
+    std::map<int, QAction*> m_actions;
+    std::map<int, std::function<void()>> m_handlers;
+    std::map<int, std::vector<QMenu*>> m_menuBars;  // menu id -> its top-level popups
+    int m_menuId = 0;
 };
 
 }  // namespace quillon

@@ -3,6 +3,8 @@
 // and its stations, which groups the view shows. The main frame owns one; the document and the
 // command logic read and change it without needing a window.
 
+#include "shell/GraphSettings.h"
+
 #include <QString>
 #include <vector>
 
@@ -20,11 +22,14 @@ struct SessionState {
     int m_bCompleteParams = 1;     // 1 complete groups, 0 the simplified group
     int m_bOnline = 0;
     int m_bAutoRefresh = 0;
+    int m_bReading = 0;            // a group read is under way: auto refresh can't be toggled
+    int m_bWriting = 0;            // a group write is under way: the same
     int m_nRefreshStation = -1;
     int m_nReg0002 = 0;            // run source 00-02 as read at identification
     QString m_strStationText;
     std::vector<int> m_stations;
     std::vector<int> m_stationVersions;
+    GraphSettings m_graphSettings;  // the graph watch's curves; kept in the project file
 };
 
 }  // namespace quillon

@@ -1,3 +1,3 @@
-quillon_add_test(cli_test SOURCES ${CMAKE_CURRENT_LIST_DIR}/CliTest.cpp)
+quillon_add_test(cli_test SOURCES ${CMAKE_CURRENT_LIST_DIR}/CliTest.cpp ${CMAKE_CURRENT_LIST_DIR}/DumpTest.cpp)
 target_compile_definitions(cli_test PRIVATE QUILLON_CLI_PATH="$<TARGET_FILE:quillon-cli>")
 add_dependencies(cli_test quillon-cli)

@@ -1,3 +1,11 @@
 quillon_add_test(text_table_test SOURCES ${CMAKE_CURRENT_LIST_DIR}/TextTableTest.cpp)
 quillon_add_test(shell_test SOURCES ${CMAKE_CURRENT_LIST_DIR}/SessionFilesTest.cpp)
-quillon_add_test(shell_widgets_test WIDGETS SOURCES ${CMAKE_CURRENT_LIST_DIR}/AppTest.cpp)
+quillon_add_test(shell_widgets_test WIDGETS SOURCES
+  ${CMAKE_CURRENT_LIST_DIR}/AppTest.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/MainFrameTest.cpp
+)
+quillon_add_test(shell_rules_test SOURCES
+  ${CMAKE_CURRENT_LIST_DIR}/CommandRulesTest.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/ProjectCommandsTest.cpp
+)
+quillon_add_test(last_resort_test WIDGETS SOURCES ${CMAKE_CURRENT_LIST_DIR}/LastResortTest.cpp)

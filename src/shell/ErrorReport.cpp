@@ -1,0 +1,13 @@
+#include "shell/ErrorReport.h"
+
+#include "shell/Prompt.h"
+
+#include <QString>
+
+namespace quillon {
+
+void ReportUnhandled(const std::exception& e) {
+    Prompt().Message(QString::fromUtf8(e.what()), MessageKind::Error);
+}
+
+}  // namespace quillon

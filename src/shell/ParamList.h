@@ -1,0 +1,30 @@
+#pragma once
+// The lines of the main view's parameter list: per group a heading line (two blanks and the
+// group's name), then, for each row the catalogue really has, its name behind four blanks and its
+// default and set value behind two. The list shows one group, or groups 00 to 13 below each other;
+// with the simplified parameters in force it always shows the simplified group.
+
+#include "params/M330Doc.h"
+
+#include <QString>
+#include <vector>
+
+namespace quillon {
+
+struct ParamListLine {
+    int group = 0;
+    int row = -1;           // -1: the group's heading line
+    QString name;           // "  group name" or "    row name"
+    QString defaultValue;   // "  " + default; empty on a heading
+    QString setValue;       // "  " + set value; empty on a heading
+    bool changed = false;   // the set value changed since the list was last refreshed
+};
+
+// The group the list shows: `curGroup`, or 14 while the simplified group is in force.
+int ListedGroup(int curGroup, int completeParams);
+
+// The lines for `group` (-1: groups 00 to 13). Raises the range failure for a group the document
+// doesn't have.
+std::vector<ParamListLine> BuildParamList(const CM330Doc& doc, int group);
+
+}  // namespace quillon

@@ -1,0 +1,221 @@
+#include "shell/ProjectCommands.h"
+
+#include "params/ModelTable.h"
+#include "params/ProjectFile.h"
+#include "shell/Globals.h"
+#include "shell/PathName.h"
+#include "shell/Prompt.h"
+#include "shell/StatusPanes.h"
+#include "shell/TextTable.h"
+
+namespace quillon {
+namespace {
+
+// A New or Open changes the session (model, path, graph curves...) while it builds the next
+// document. If it doesn't get to the end, the session goes back to what the open project had.
+class SessionRollback {
+public:
+    explicit SessionRollback(SessionState& session)
+        : m_session(session), m_saved(session), m_fileVersion(g_nFileVersion) {}
+    ~SessionRollback() {
+        if (m_committed) return;
+        m_session = m_saved;
+        g_nFileVersion = m_fileVersion;
+    }
+    SessionRollback(const SessionRollback&) = delete;
+    SessionRollback& operator=(const SessionRollback&) = delete;
+    void Commit() { m_committed = true; }
+
+private:
+    SessionState& m_session;
+    SessionState m_saved;
+    int m_fileVersion;
+    bool m_committed = false;
+};
+
+QString NewProjectTitle() { return QString::fromLatin1(kNewProjectTitle); }
+
+}  // namespace
+
+QString ProjectFileFilter() {
+    const QString pattern = QStringLiteral("*.") + QLatin1String(kProjectExtension);
+    return QStringLiteral("Project File(%1)").arg(pattern);
+}
+
+CProjectCommands::CProjectCommands(SessionState& session, CRecentFileList& recent,
+                                   IProjectWindows& windows)
+    : m_session(session), m_recent(recent), m_windows(windows) {}
+
+CProjectCommands::~CProjectCommands() = default;
+
+QString CProjectCommands::ProjectFileName() const {
+    return FileNameOfPath(m_session.m_strProjectPath);
+}
+
+bool CProjectCommands::RefusedUnderAutoRefresh() const {
+    if (!m_session.m_bAutoRefresh) return false;
+    // The refresh worker reads and writes the rows: the document can't be replaced under it.
+    Prompt().Message(LoadText(TextId::AutoRefreshRunning));
+    return true;
+}
+
+void CProjectCommands::OnFileNew() {
+    if (RefusedUnderAutoRefresh()) return;
+    if (!SaveModified()) return;
+
+    SessionRollback rollback(m_session);
+    if (!m_windows.RunModelSelect()) return;
+    int code = -1;
+    QString capacity;
+    ModelFromName(m_session.m_strModelName.trimmed(), code, capacity);
+    if (code < 0) return;  // not one of the 19 models: nothing happens
+    m_session.m_nModelCode = code;
+    m_session.m_strProjectPath.clear();
+    m_session.m_nCurGroup = -1;
+
+    auto doc = std::make_unique<CM330Doc>(m_session);
+    doc->OnNewDocument();
+    m_windows.SetStatusPane(Pane::FileName, NewProjectTitle());
+    m_windows.SetStatusPane(Pane::Model, m_session.m_strModelName);
+    TakeDocument(std::move(doc), NewProjectTitle());
+    rollback.Commit();
+    m_windows.RebuildTree();
+}
+
+void CProjectCommands::OnFileOpen() {
+    if (RefusedUnderAutoRefresh()) return;
+    if (!SaveModified()) return;
+    const QString path = Prompt().OpenFileName(QStringLiteral("Open"), ProjectFileFilter(),
+                                               QLatin1String(kProjectExtension));
+    if (path.isEmpty()) return;
+    OpenPath(path, false);
+}
+
+void CProjectCommands::OnOpenRecentFile(int index) { OpenRecentFile(m_recent.At(index)); }
+
+bool CProjectCommands::OpenRecentFile(const QString& path) {
+    if (path.isEmpty()) return false;
+    if (RefusedUnderAutoRefresh()) return false;
+    if (!SaveModified()) return false;
+    return OpenPath(path, true);
+}
+
+bool CProjectCommands::OpenProjectFile(const QString& path) {
+    if (path.isEmpty()) return false;
+    if (RefusedUnderAutoRefresh()) return false;
+    if (!SaveModified()) return false;
+    return OpenPath(path, false);
+}
+
+bool CProjectCommands::OpenPath(const QString& path, bool fromRecentList) {
+    SessionRollback rollback(m_session);
+    if (fromRecentList) m_session.m_strProjectPath = path;
+    m_session.m_nCurGroup = -1;
+    std::unique_ptr<CM330Doc> doc = OnOpenDocument(path);
+    if (!doc) {
+        if (fromRecentList) {
+            m_recent.Remove(path);
+            m_windows.RecentListChanged();
+        }
+        return false;
+    }
+    TakeDocument(std::move(doc), ProjectFileName());
+    rollback.Commit();
+    m_recent.Add(path);
+    m_windows.RecentListChanged();
+    m_windows.RebuildTree();
+    return true;
+}
+
+std::unique_ptr<CM330Doc> CProjectCommands::OnOpenDocument(const QString& path) {
+    // Checked again here for the ways in that don't pass through the commands.
+    if (RefusedUnderAutoRefresh()) return nullptr;
+    auto doc = std::make_unique<CM330Doc>(m_session);
+    const ProjectOpenResult result = OpenProjectDocument(*doc, path);
+    if (!result.ok) {
+        Prompt().Message(
+            LoadText(TextId::CantOpenFile) + QStringLiteral("\n\n%1\n%2").arg(path, result.error),
+            MessageKind::Error);
+        return nullptr;
+    }
+    m_session.m_strProjectPath = path;
+    m_windows.SetStatusPane(Pane::FileName, ProjectFileName());
+    m_windows.SetStatusPane(Pane::Model, m_session.m_strModelName);
+    m_windows.RebuildTree();
+    return doc;
+}
+
+void CProjectCommands::TakeDocument(std::unique_ptr<CM330Doc> doc, const QString& title) {
+    // The new window stands before the old one (and with it the old document) goes.
+    m_windows.ShowProjectWindow(*doc);
+    m_doc = std::move(doc);
+    m_windows.SetProjectWindowTitle(title);
+}
+
+CProjectCommands::SaveResult CProjectCommands::SaveDocument(bool askForPath) {
+    if (!m_doc) return SaveResult::Failed;
+    QString path = m_session.m_strProjectPath;
+    if (askForPath || path.isEmpty()) {
+        path = Prompt().SaveFileName(QStringLiteral("Save As"), ProjectFileFilter(),
+                                     QLatin1String(kProjectExtension), path);
+        if (path.isEmpty()) return SaveResult::Cancelled;
+    }
+    QString error;
+    if (!SaveProjectDocument(*m_doc, path, error)) {
+        // Without a path the next Save asks for one.
+        m_session.m_strProjectPath.clear();
+        Prompt().Message(QStringLiteral("Can't save the file!\n\n%1\n%2").arg(path, error),
+                         MessageKind::Error);
+        return SaveResult::Failed;
+    }
+    m_session.m_strProjectPath = path;
+    m_doc->SetModifiedFlag(false);
+    m_recent.Add(path);
+    m_windows.RecentListChanged();
+    if (m_windows.HasProjectWindow()) m_windows.SetProjectWindowTitle(ProjectFileName());
+    m_windows.SetStatusPane(Pane::FileName, ProjectFileName());
+    return SaveResult::Saved;
+}
+
+void CProjectCommands::OnFileSave() { SaveDocument(false); }
+
+void CProjectCommands::OnFileSaveAs() { SaveDocument(true); }
+
+bool CProjectCommands::SaveModified() {
+    if (!m_doc || !m_doc->IsModified()) return true;
+    switch (Prompt().YesNoCancel(QString::fromLatin1(kSaveModifiedQuestion))) {
+        case Answer::No:
+            return true;
+        case Answer::Yes:
+            return SaveDocument(false) != SaveResult::Cancelled;
+        default:
+            return false;
+    }
+}
+
+void CProjectCommands::OnFileClose() {
+    if (!m_doc) return;
+    if (!SaveModified()) return;
+    m_windows.DestroyProjectWindow();
+    m_doc.reset();
+    m_windows.ClearTree();
+    m_session.m_strProjectPath.clear();
+    m_session.m_strModelName.clear();
+    m_windows.SetStatusPane(Pane::FileName, QString());
+    m_windows.SetStatusPane(Pane::Model, QString());
+}
+
+bool CProjectCommands::OnProjectWindowClose() {
+    m_windows.ClearTree();
+    if (!SaveModified()) return false;
+    m_windows.DestroyProjectWindow();
+    m_doc.reset();
+    return true;
+}
+
+bool CProjectCommands::CanCloseFrame() {
+    if (m_session.m_bAutoRefresh && m_windows.HasProjectWindow()) m_windows.StopAutoRefresh();
+    return SaveModified();
+}
+
+}  // namespace quillon

@@ -1,0 +1,363 @@
+// The main window as a person meets it: menus and tool bar in the state of the session, the
+// status panes, the project tree and the list it switches, help, and dropped project files.
+
+#include "params/ModelSelectDlg.h"
+#include "params/ProjectFile.h"
+#include "shell/ChildFrame.h"
+#include "shell/CommandIds.h"
+#include "shell/M330App.h"
+#include "shell/M330View.h"
+#include "shell/MainFrame.h"
+#include "shell/ProjectTree.h"
+#include "shell/ToolbarIcons.h"
+#include "support/ScriptedPrompt.h"
+#include "support/TestDirs.h"
+
+#include <QComboBox>
+#include <QDockWidget>
+#include <QLabel>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QTest>
+#include <QTimer>
+#include <QToolBar>
+#include <QUrl>
+#include <gtest/gtest.h>
+
+using namespace quillon;
+using quillon::test::ScriptedPrompt;
+using quillon::test::TempAppDir;
+
+namespace {
+
+CM330App& App() { return *static_cast<CM330App*>(QCoreApplication::instance()); }
+
+// A fresh main window on a private program directory.
+struct Session {
+    Session() {
+        App().SetOptions({dir.Path() + "recent.ini", dir.Path(), /*showWindow=*/false});
+        EXPECT_TRUE(App().InitInstance());
+        frame = App().MainFrame();
+    }
+    // File New with the Model Select dialog answered: `model` at 50 Hz.
+    void NewProject(const QString& model) {
+        QTimer::singleShot(0, [model] {
+            auto* dlg = qobject_cast<CModelSelectDlg*>(QApplication::activeModalWidget());
+            if (!dlg) return;  // the test sees no project
+            dlg->ModelList()->setCurrentIndex(dlg->ModelList()->findText(model));
+            dlg->accept();
+        });
+        frame->OnCommand(CmdId::New);
+    }
+    bool Enabled(int id) const { return frame->Action(id)->isEnabled(); }
+    QStringList MenuTitles() const {
+        QStringList titles;
+        for (QAction* a : frame->menuBar()->actions()) titles << a->text();
+        return titles;
+    }
+    void ClickTree(QTreeWidgetItem* item, Qt::MouseButton button = Qt::LeftButton) {
+        CCJTreeCtrl* tree = frame->Tree();
+        // On the item's text, near its left edge: long names run past the narrow bar.
+        const QRect rect = tree->visualItemRect(item);
+        QTest::mouseClick(tree->viewport(), button, {}, QPoint(rect.left() + 8, rect.center().y()));
+    }
+
+    TempAppDir dir;
+    CMainFrame* frame = nullptr;
+};
+
+}  // namespace
+
+TEST(MainFrame, MenusAndCommandStatesFollowTheSession) {
+    ScriptedPrompt prompt;
+    Session s;
+    EXPECT_EQ(s.frame->CurrentMenuId(), 128);
+    EXPECT_EQ(s.MenuTitles(), (QStringList{"&File", "&INV", "&Help"}));
+    EXPECT_TRUE(s.Enabled(CmdId::New));
+    EXPECT_TRUE(s.Enabled(CmdId::Open));
+    for (int id : {CmdId::Connect, CmdId::Read, CmdId::Status, CmdId::Control, CmdId::GraphWatch,
+                   CmdId::KeyPad, CmdId::Save})
+        EXPECT_FALSE(s.Enabled(id)) << id;
+
+    s.NewProject("R770-201-Kxx");
+    ASSERT_NE(s.frame->Document(), nullptr);
+    EXPECT_EQ(s.frame->CurrentMenuId(), 129);
+    EXPECT_EQ(s.MenuTitles(), (QStringList{"&File", "&Edit", "&Run", "&View", "&Help"}));
+    // No link: the link commands are grey, Graph Watch stays on with a project.
+    for (int id : {CmdId::Read, CmdId::Write, CmdId::Status, CmdId::Control, CmdId::KeyPad,
+                   CmdId::AutoRefresh, CmdId::PasswordSet})
+        EXPECT_FALSE(s.Enabled(id)) << id;
+    for (int id : {CmdId::GraphWatch, CmdId::Save, CmdId::SaveAs, CmdId::Connect, CmdId::Compare,
+                   CmdId::GroupCommand(0), CmdId::GroupCommand(13)})
+        EXPECT_TRUE(s.Enabled(id)) << id;
+    EXPECT_FALSE(s.Enabled(CmdId::SimplifiedGroup));
+
+    s.frame->Session().m_bOnline = 1;
+    s.frame->Session().m_bAutoRefresh = 1;
+    s.frame->Session().m_bCompleteParams = 0;
+    s.frame->UpdateCommandUI();
+    for (int id : {CmdId::Read, CmdId::Write, CmdId::Status, CmdId::Control, CmdId::KeyPad,
+                   CmdId::AutoRefresh, CmdId::PasswordSet, CmdId::PasswordClear, CmdId::ChangeComm,
+                   CmdId::SimplifiedGroup})
+        EXPECT_TRUE(s.Enabled(id)) << id;
+    EXPECT_FALSE(s.Enabled(CmdId::GroupCommand(5)));
+    EXPECT_TRUE(s.frame->Action(CmdId::AutoRefresh)->isChecked());
+
+    // Project Window toggles the docking bar and its check mark.
+    EXPECT_TRUE(s.frame->Action(CmdId::ProjectWindow)->isChecked());
+    s.frame->OnCommand(CmdId::ProjectWindow);
+    EXPECT_TRUE(s.frame->DockBar()->isHidden());
+    EXPECT_FALSE(s.frame->Action(CmdId::ProjectWindow)->isChecked());
+    s.frame->OnCommand(CmdId::ProjectWindow);
+    EXPECT_FALSE(s.frame->DockBar()->isHidden());
+
+    // A disabled command does nothing even when asked for directly.
+    s.frame->Session().m_bAutoRefresh = 0;
+    s.frame->Session().m_bOnline = 0;
+    s.frame->UpdateCommandUI();
+    int reads = 0;
+    s.frame->SetCommandHandler(CmdId::Read, [&reads] { ++reads; });
+    s.frame->OnCommand(CmdId::Read);
+    EXPECT_EQ(reads, 0);
+    s.frame->Session().m_bOnline = 1;
+    s.frame->OnCommand(CmdId::Read);
+    EXPECT_EQ(reads, 1);
+}
+
+TEST(MainFrame, ToolbarImagesAndTips) {
+    Session s;
+    QToolBar* bar = s.frame->ToolBar();
+    EXPECT_EQ(bar->iconSize(), QSize(21, 22));
+    QStringList tips;
+    int separators = 0;
+    for (QAction* a : bar->actions()) {
+        if (a->isSeparator()) {
+            ++separators;
+            continue;
+        }
+        tips << a->toolTip();
+        EXPECT_EQ(a->icon().availableSizes(), QList<QSize>{QSize(21, 22)}) << a->toolTip().toStdString();
+    }
+    EXPECT_EQ(separators, 4);
+    EXPECT_EQ(tips, (QStringList{"New", "Open", "Save", "Print", "Print Preview", "Connect", "Read", "Write",
+                                 "Compare", "Graph Watch", "KeyPad", "Control", "Status", "Parameter Select",
+                                 "About"}));
+    // Each picture is drawn: not a blank square.
+    const QImage image = ToolbarPixmap(CmdId::Save).toImage();
+    int painted = 0;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x) painted += qAlpha(image.pixel(x, y)) > 0;
+    EXPECT_GT(painted, 100);
+}
+
+TEST(MainFrame, StatusPanesAndTheirWidths) {
+    ScriptedPrompt prompt;
+    Session s;
+    s.frame->show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(s.frame));
+    s.frame->resize(700, 500);
+    QTRY_COMPARE(s.frame->width(), 700);
+    EXPECT_EQ(s.frame->StatusPane(1)->width(), 100);
+    EXPECT_EQ(s.frame->StatusPane(2)->width(), 200);
+    EXPECT_EQ(s.frame->StatusPane(3)->width(), 100);
+    EXPECT_EQ(s.frame->StatusPane(4)->width(), 50);
+    s.frame->resize(1400, 500);
+    QTRY_COMPARE(s.frame->width(), 1400);
+    EXPECT_EQ(s.frame->StatusPane(2)->width(), 400);
+
+    EXPECT_EQ(s.frame->StatusPaneText(0), "File name:");
+    s.frame->SetStatusPane(1, "1.250");
+    s.frame->SetStatusPane(4, "Online");
+    s.frame->SetStatusPane(5, "ignored");
+    EXPECT_EQ(s.frame->StatusPaneText(1), "Version:1.250");
+    EXPECT_EQ(s.frame->StatusPaneText(4), "Online");
+    s.frame->hide();
+}
+
+TEST(MainFrame, TreeClicksSwitchTheList) {
+    ScriptedPrompt prompt;
+    Session s;
+    EXPECT_EQ(s.frame->Tree()->topLevelItemCount(), 0);  // no project, no tree
+    s.frame->show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(s.frame));
+    s.NewProject("R770-201-Kxx");
+    CM330View* view = s.frame->View();
+    ASSERT_NE(view, nullptr);
+    EXPECT_TRUE(s.frame->ChildFrame()->isMaximized());
+    EXPECT_EQ(s.frame->ChildFrame()->windowTitle(), "New Project");
+    EXPECT_EQ(s.frame->StatusPaneText(0), "File name:New Project");
+    EXPECT_EQ(s.frame->StatusPaneText(3), "Model:R770-201-Kxx");
+
+    CCJTreeCtrl* tree = s.frame->Tree();
+    ASSERT_EQ(tree->topLevelItemCount(), 1);
+    QTreeWidgetItem* root = tree->topLevelItem(0);
+    EXPECT_EQ(root->text(0), "Project");
+    ASSERT_EQ(root->childCount(), 1);
+    QTreeWidgetItem* params = root->child(0);
+    EXPECT_EQ(params->text(0), "Parameter");
+    ASSERT_EQ(params->childCount(), 14);
+    EXPECT_TRUE(root->isExpanded() && params->isExpanded());
+    EXPECT_EQ(CCJTreeCtrl::ItemData(params->child(2)), 2006);
+
+    // All groups at first: one heading per group 00..13.
+    EXPECT_EQ(s.frame->Session().m_nCurGroup, -1);
+    EXPECT_EQ(view->LineTarget(0), std::make_pair(0, -1));
+    int fills = view->FillCount();
+
+    s.ClickTree(root);  // item data 0: nothing
+    EXPECT_EQ(view->FillCount(), fills);
+    s.ClickTree(params);  // all groups are shown already: nothing
+    EXPECT_EQ(view->FillCount(), fills);
+
+    s.ClickTree(params->child(2));
+    EXPECT_EQ(s.frame->Session().m_nCurGroup, 2);
+    EXPECT_EQ(view->FillCount(), ++fills);
+    EXPECT_EQ(view->item(0, 1)->text(), "  " + s.frame->Document()->GroupAt(2).m_strName);
+    EXPECT_EQ(view->LineTarget(1), std::make_pair(2, 0));
+    EXPECT_EQ(s.frame->focusWidget(), view);
+    EXPECT_EQ(view->selectionModel()->selectedRows().value(0).row(), 0);
+
+    s.ClickTree(params->child(2));  // the same group again: the list is not filled again
+    EXPECT_EQ(view->FillCount(), fills);
+
+    // Arrow keys and the right button move the selection but don't switch the list.
+    tree->setFocus();
+    QTest::keyClick(tree, Qt::Key_Down);
+    s.ClickTree(params->child(7), Qt::RightButton);
+    EXPECT_EQ(tree->selectedItems().value(0), params->child(7));
+    EXPECT_EQ(s.frame->Session().m_nCurGroup, 2);
+    EXPECT_EQ(view->FillCount(), fills);
+
+    s.ClickTree(params);
+    EXPECT_EQ(s.frame->Session().m_nCurGroup, -1);
+    EXPECT_EQ(view->FillCount(), ++fills);
+
+    // Simplified parameters: one item under "Parameter", and the list shows group 14.
+    s.frame->Session().m_bCompleteParams = 0;
+    s.frame->RebuildTree();
+    view->FillList();
+    params = tree->topLevelItem(0)->child(0);
+    ASSERT_EQ(params->childCount(), 1);
+    EXPECT_EQ(CCJTreeCtrl::ItemData(params->child(0)), 2030);
+    EXPECT_EQ(s.frame->Session().m_nCurGroup, 14);
+    EXPECT_EQ(view->LineTarget(0), std::make_pair(14, -1));
+    s.ClickTree(params->child(0));  // group 14 is shown already
+    EXPECT_EQ(view->FillCount(), fills + 1);
+
+    // Changed rows are marked until the list is refreshed.
+    s.frame->Document()->m_rowChanged[14][1] = 1;
+    view->FillList();
+    const QBrush marked = view->item(1, 1)->background();
+    EXPECT_NE(marked.style(), Qt::NoBrush);
+    EXPECT_EQ(view->item(2, 1)->background().style(), Qt::NoBrush);
+    view->OnRefreshList();
+    EXPECT_EQ(s.frame->Document()->m_rowChanged[14][1], 0);
+    EXPECT_EQ(view->item(1, 1)->background().style(), Qt::NoBrush);
+
+    // Closing the project empties the tree and brings menu 128 back.
+    s.frame->OnCommand(CmdId::Close);
+    EXPECT_EQ(s.frame->Document(), nullptr);
+    EXPECT_EQ(tree->topLevelItemCount(), 0);
+    EXPECT_EQ(s.frame->CurrentMenuId(), 128);
+    EXPECT_EQ(s.frame->StatusPaneText(0), "File name:");
+    s.frame->hide();
+}
+
+TEST(MainFrame, ProjectWindowStaysMaximisedAndItsCloseBoxAsks) {
+    ScriptedPrompt prompt;
+    Session s;
+    s.frame->show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(s.frame));
+    s.NewProject("R770-402-Kxx");
+    CChildFrame* child = s.frame->ChildFrame();
+    ASSERT_NE(child, nullptr);
+    child->showNormal();
+    QTRY_VERIFY(child->isMaximized());
+    EXPECT_EQ(child->systemMenu(), nullptr);
+    EXPECT_FALSE(child->windowFlags() & Qt::WindowMinimizeButtonHint);
+    EXPECT_FALSE(child->windowFlags() & Qt::WindowMaximizeButtonHint);
+
+    s.frame->Document()->SetModifiedFlag();
+    prompt.Answer(Answer::Cancel);
+    EXPECT_FALSE(child->close());
+    EXPECT_EQ(s.frame->Tree()->topLevelItemCount(), 0);  // cleared before the question
+    ASSERT_NE(s.frame->Document(), nullptr);
+    prompt.Answer(Answer::No);
+    EXPECT_TRUE(child->close());
+    EXPECT_EQ(s.frame->Document(), nullptr);
+    EXPECT_EQ(s.frame->ChildFrame(), nullptr);
+    s.frame->UpdateCommandUI();
+    EXPECT_EQ(s.frame->CurrentMenuId(), 128);
+    s.frame->hide();
+}
+
+TEST(MainFrame, HelpFileBesideTheProgram) {
+    ScriptedPrompt prompt;
+    Session s;
+    s.dir.Remove("R770 help.chm");
+    s.frame->OnCommand(CmdId::Help);
+    EXPECT_EQ(prompt.Messages(), QStringList{"Can't find file Help.chm!"});
+}
+
+TEST(MainFrame, DroppedProjectFileOpens) {
+    ScriptedPrompt prompt;
+    Session s;
+    SessionState other;
+    other.m_strAppDir = s.dir.Path();
+    other.m_nModelCode = 405;
+    other.m_strModelName = "R770-405-Kxx";
+    QString error;
+    {
+        CM330Doc doc(other);
+        doc.RowAt(0, 3).m_strSetValue = "2";
+        ASSERT_TRUE(SaveProjectDocument(doc, s.dir.File("dropped.qpj"), error));
+    }
+    const auto drop = [&](const QString& path) {
+        QMimeData mime;
+        mime.setUrls({QUrl::fromLocalFile(path)});
+        QDragEnterEvent enter(QPoint(50, 50), Qt::CopyAction, &mime, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(s.frame, &enter);
+        if (!enter.isAccepted()) return false;
+        QDropEvent dropEvent(QPointF(50, 50), Qt::CopyAction, &mime, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(s.frame, &dropEvent);
+        return true;
+    };
+    s.dir.Write("notes.txt", "x");
+    EXPECT_FALSE(drop(s.dir.File("notes.txt")));
+
+    // Under auto refresh a drop is refused like Open.
+    s.frame->Session().m_bAutoRefresh = 1;
+    EXPECT_TRUE(drop(s.dir.File("dropped.qpj")));
+    EXPECT_EQ(prompt.Messages(), QStringList{"PC software is under auto-refresh,Please stop auto-refresh first!"});
+    EXPECT_EQ(s.frame->Document(), nullptr);
+
+    s.frame->Session().m_bAutoRefresh = 0;
+    EXPECT_TRUE(drop(s.dir.File("dropped.qpj")));
+    ASSERT_NE(s.frame->Document(), nullptr);
+    EXPECT_EQ(s.frame->Document()->RowAt(0, 3).m_strSetValue, "2");
+    EXPECT_EQ(s.frame->Session().m_nModelCode, 405);
+    EXPECT_EQ(s.frame->StatusPaneText(0), "File name:dropped.qpj");
+    EXPECT_EQ(s.frame->StatusPaneText(3), "Model:R770-405-Kxx");
+    EXPECT_EQ(s.frame->ChildFrame()->windowTitle(), "dropped.qpj");
+    EXPECT_EQ(s.frame->Tree()->topLevelItemCount(), 1);
+    EXPECT_EQ(s.frame->CurrentMenuId(), 129);
+}
+
+TEST(MainFrame, NewProjectWindowForTheScreenshot) {
+    ScriptedPrompt prompt;
+    Session s;
+    s.frame->show();
+    s.frame->resize(1100, 700);
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(s.frame));
+    s.NewProject("R770-201-Kxx");
+    ASSERT_NE(s.frame->View(), nullptr);
+    QTest::qWait(50);
+    const QImage shot = s.frame->grab().toImage();
+    EXPECT_EQ(shot.size(), s.frame->size() * shot.devicePixelRatio());
+    // Where a picture of the window is wanted, it is written there.
+    const QString out = qEnvironmentVariable("QUILLON_SCREENSHOT");
+    if (!out.isEmpty()) {
+        EXPECT_TRUE(shot.save(out));
+    }
+    s.frame->hide();
+}
