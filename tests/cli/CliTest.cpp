@@ -1,37 +1,21 @@
 // quillon-cli as a person runs it: output, messages and exit codes.
 
 #include "params/TextFile.h"
+#include "support/ProgramRun.h"
 #include "support/TestDirs.h"
 
 #include <QFile>
-#include <QProcess>
 #include <gtest/gtest.h>
 
 namespace {
 
-struct CliRun {
-    int code = -1;
-    QString out;
-    QString err;
-};
+using quillon::test::ProgramRun;
 
-CliRun Cli(const QStringList& args, const QString& program = QStringLiteral(QUILLON_CLI_PATH)) {
-    QProcess p;
-    p.start(program, args);
-    CliRun r;
-    if (!p.waitForFinished(30000)) {
-        p.kill();
-        p.waitForFinished();
-        ADD_FAILURE() << "quillon-cli did not finish";
-        return r;
-    }
-    r.code = p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -2;
-    r.out = QString::fromUtf8(p.readAllStandardOutput());
-    r.err = QString::fromUtf8(p.readAllStandardError());
-    return r;
+ProgramRun Cli(const QStringList& args, const QString& program = QStringLiteral(QUILLON_CLI_PATH)) {
+    return quillon::test::RunProgram(program, args);
 }
 
-QStringList Row(const CliRun& r, int group, int row) {
+QStringList Row(const ProgramRun& r, int group, int row) {
     const QString prefix = QStringLiteral("%1\t%2\t").arg(group).arg(row);
     for (const QString& line : r.out.split('\n'))
         if (line.startsWith(prefix)) return line.split('\t');
@@ -41,7 +25,7 @@ QStringList Row(const CliRun& r, int group, int row) {
 }  // namespace
 
 TEST(Cli, CatalogueShowsRatedAndModelValuesOfANewProject) {
-    const CliRun r = Cli({"catalogue", "--model", "201", "--freq", "1"});
+    const ProgramRun r = Cli({"catalogue", "--model", "201", "--freq", "1"});
     ASSERT_EQ(r.code, 0) << r.err.toStdString();
     EXPECT_TRUE(r.err.isEmpty()) << r.err.toStdString();
     const QStringList base = Row(r, 0, 11);
@@ -77,12 +61,12 @@ TEST(Cli, BadArgumentsExitWithTwoAndSayWhy) {
                           Case{{"catalogue", "--model", "201", "--freq", "2"}, "--freq"},
                           Case{{"catalogue", "--model", "201", "--colour", "red"}, "--colour"},
                           Case{{"frobnicate"}, "frobnicate"}}) {
-        const CliRun r = Cli(c.args);
+        const ProgramRun r = Cli(c.args);
         EXPECT_EQ(r.code, 2) << c.args.join(' ').toStdString();
         EXPECT_TRUE(r.err.contains(c.says)) << r.err.toStdString();
         EXPECT_TRUE(r.out.isEmpty());
     }
-    const CliRun help = Cli({"--help"});
+    const ProgramRun help = Cli({"--help"});
     EXPECT_EQ(help.code, 0);
     EXPECT_TRUE(help.out.contains("catalogue --model CODE"));
 }
@@ -95,13 +79,13 @@ TEST(Cli, MissingDataFilesFailWithAMessage) {
     ASSERT_TRUE(QFile::copy(QStringLiteral(QUILLON_CLI_PATH), copy));
     QFile::setPermissions(copy, QFile::permissions(copy) | QFile::ExeOwner);
 
-    const CliRun r = Cli({"catalogue", "--model", "201"}, copy);
+    const ProgramRun r = Cli({"catalogue", "--model", "201"}, copy);
     EXPECT_EQ(r.code, 1);
     EXPECT_TRUE(r.err.contains("Some a file lost,please setup Quillon again.")) << r.err.toStdString();
 
     // With the catalogue back but no initial table: the rows print, the message says why it failed.
     ASSERT_TRUE(QFile::copy(QStringLiteral(QUILLON_SOURCE_DATA_DIR "/PARAM.DAT"), dir.File("PARAM.DAT")));
-    const CliRun partial = Cli({"catalogue", "--model", "201"}, copy);
+    const ProgramRun partial = Cli({"catalogue", "--model", "201"}, copy);
     EXPECT_EQ(partial.code, 1);
     EXPECT_TRUE(partial.err.contains("Can't open the file!")) << partial.err.toStdString();
     EXPECT_EQ(Row(partial, 0, 11).value(4), "50.00");

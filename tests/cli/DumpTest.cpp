@@ -2,9 +2,9 @@
 
 #include "params/M330Doc.h"
 #include "params/ProjectFile.h"
+#include "support/ProgramRun.h"
 #include "support/TestDirs.h"
 
-#include <QProcess>
 #include <gtest/gtest.h>
 
 using namespace quillon;
@@ -18,19 +18,9 @@ struct DumpRun {
 };
 
 DumpRun Dump(const QStringList& args) {
-    QProcess p;
-    p.start(QStringLiteral(QUILLON_CLI_PATH), QStringList{"dump"} + args);
-    DumpRun r;
-    if (!p.waitForFinished(30000)) {
-        p.kill();
-        p.waitForFinished();
-        ADD_FAILURE() << "quillon-cli did not finish";
-        return r;
-    }
-    r.code = p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -2;
-    r.lines = QString::fromUtf8(p.readAllStandardOutput()).split('\n', Qt::SkipEmptyParts);
-    r.err = QString::fromUtf8(p.readAllStandardError());
-    return r;
+    const test::ProgramRun run =
+        test::RunProgram(QStringLiteral(QUILLON_CLI_PATH), QStringList{"dump"} + args);
+    return DumpRun{run.code, run.OutLines(), run.err};
 }
 
 }  // namespace
