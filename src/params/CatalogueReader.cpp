@@ -5,7 +5,7 @@
 namespace quillon {
 namespace {
 
-// The text operations of the catalogue split behave like those of the original string class:
+// The catalogue split keeps the lenient text operations the files have always been read with:
 // a "not found" position (-1) makes a left part empty and a middle part start at the front.
 QString LeftOf(const QString& s, qsizetype n) { return n <= 0 ? QString() : s.left(n); }
 QString MidOf(const QString& s, qsizetype first, qsizetype count) {

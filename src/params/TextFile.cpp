@@ -8,8 +8,18 @@ std::optional<QByteArray> ReadSmallFile(const QString& path) {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) return std::nullopt;
     if (file.size() > kMaxDataFileBytes) return std::nullopt;
-    QByteArray bytes = file.read(kMaxDataFileBytes + 1);
-    if (bytes.size() > kMaxDataFileBytes) return std::nullopt;
+    // In pieces, not in one read of the limit: QIODevice::read(n) allocates n bytes up front and
+    // the array it returns keeps them, 16 MB for every small file. A file without a size (a
+    // pipe, a device) is read until it ends or passes the limit.
+    constexpr qint64 kPiece = 64 * 1024;
+    QByteArray bytes;
+    bytes.reserve(file.size());
+    for (;;) {
+        const QByteArray piece = file.read(kPiece);
+        if (piece.isEmpty()) break;
+        bytes.append(piece);
+        if (bytes.size() > kMaxDataFileBytes) return std::nullopt;
+    }
     return bytes;
 }
 

@@ -1,7 +1,7 @@
 #pragma once
-// Reading the small text files that lie beside the program, the way a text-mode stream of the
-// original tool delivered them: lines end at LF, a CR before the LF is part of the line ending,
-// text is UTF-8.
+// Reading the small text files that lie beside the program as a text-mode stream delivers them:
+// lines end at LF, a CR before the LF is part of the line ending, text is UTF-8. Files written
+// on either platform read the same.
 
 #include <QByteArray>
 #include <QString>
