@@ -34,6 +34,9 @@ std::optional<QString> OptionValue(const QStringList& args, const QString& name,
 
 int RunCatalogue(const QStringList& args, QTextStream& out);
 int RunDump(const QStringList& args, QTextStream& out);
+int RunIdentify(const QStringList& args, QTextStream& out);
+int RunRead(const QStringList& args, QTextStream& out);
+int RunWrite(const QStringList& args, QTextStream& out);
 
 // The rows of a document, one a line: group, row, exists, code, default, set value (tab-separated).
 void PrintRows(const CM330Doc& doc, QTextStream& out);

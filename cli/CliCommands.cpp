@@ -6,7 +6,7 @@
 namespace quillon::cli {
 
 std::span<const CliCommand> Commands() {
-    static const std::array<CliCommand, 2> kCommands{{
+    static const std::array<CliCommand, 5> kCommands{{
         {"catalogue", "--model CODE [--freq 0|1]",
          "print the rows of a new project for a model: group, row, exists, code, default, set value",
          &RunCatalogue},
@@ -14,6 +14,24 @@ std::span<const CliCommand> Commands() {
          "print a project file: version, model, freq, print titles, graph channels, then its rows "
          "as catalogue prints them",
          &RunDump},
+        {"identify",
+         "[--port COMn|TCPIP] [--ip ADDRESS[:PORT]] [--station N] [--baud 19200] [--data-bits 8] "
+         "[--parity none|odd|even] [--stop-bits 2]",
+         "identify the drive at a station as the program does when it links: model, capacity, "
+         "version, run source (defaults: COM1, station 1, 19200 8N2)",
+         &RunIdentify},
+        {"read",
+         "(--port COMn | --tcp HOST[:PORT]) --station N [--baud B] [--data 7|8] "
+         "[--parity none|odd|even] [--stop 1|2] -o OUT.qpj [--timing]",
+         "read all parameter groups of a drive into a new project for its model, as the Read "
+         "command does (defaults: 19200 8N2; --timing sets the time against the wire minimum)",
+         &RunRead},
+        {"write",
+         "IN.qpj (--port COMn | --tcp HOST[:PORT]) --station N [--baud B] [--data 7|8] "
+         "[--parity none|odd|even] [--stop 1|2] [--yes]",
+         "write a project to a drive with the Write command's guards; questions are answered "
+         "No unless --yes",
+         &RunWrite},
     }};
     return kCommands;
 }

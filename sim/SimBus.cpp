@@ -87,6 +87,8 @@ SimBus::SimBus(const BusSetup& setup, Clock clock) : m_setup(setup), m_clock(std
             image.values[RegSoftwareVersion] = static_cast<std::uint16_t>(m_setup.version);
         m_drives.push_back(std::make_unique<SimDrive>(s.address, s.modelCode, std::move(image),
                                                       m_setup.modelWord, now));
+        if (s.silentAfter > 0)
+            m_silentAfter[m_drives.back().get()] = s.silentAfter;
     }
     // The line: what was asked for, the rest as the first drive is set; every drive then holds
     // the line's settings in 09-02..09-04.
@@ -148,6 +150,28 @@ bool SimBus::WithStation(int address, const std::function<void(SimDrive&)>& f)
         return false;
     f(*d);
     return true;
+}
+
+bool SimBus::SetSilent(int address, bool silent)
+{
+    std::lock_guard lock(m_mutex);
+    SimDrive* d = Find(address);
+    if (!d)
+        return false;
+    if (silent)
+        m_silenced.insert(d);
+    else
+        m_silenced.erase(d);
+    return true;
+}
+
+bool SimBus::Silent(SimDrive* drive)
+{
+    if (m_silenced.count(drive))
+        return true;
+    const auto own = m_silentAfter.find(drive);
+    const int limit = own != m_silentAfter.end() ? own->second : m_setup.faults.silentAfter;
+    return limit > 0 && ++m_framesPerDrive[drive] > limit;
 }
 
 SimDrive* SimBus::Find(int address)
@@ -267,7 +291,7 @@ std::optional<ScheduledReply> SimBus::Handle(std::span<const unsigned char> fram
     SimDrive* drive = Find(station);
     if (!drive)
         return std::nullopt;
-    if (m_setup.faults.silentAfter > 0 && ++m_framesPerDrive[drive] > m_setup.faults.silentAfter)
+    if (Silent(drive))
         return std::nullopt;
 
     ScheduledReply reply;

@@ -23,6 +23,7 @@
 #include <memory>
 #include <mutex>
 #include <optional>
+#include <set>
 #include <span>
 #include <vector>
 
@@ -34,6 +35,7 @@ inline constexpr std::uint16_t kDefaultModelWord = 0x0100;
 struct StationSetup {
     int address = 1;
     int modelCode = 1205;
+    int silentAfter = 0;  // this station answers its first N frames, then nothing; 0: never
 };
 
 // Faults the bus injects into its replies. "Every Nth" counts the replies of the whole bus,
@@ -100,8 +102,14 @@ public:
     // there is none.
     bool WithStation(int address, const std::function<void(SimDrive&)>& f);
 
+    // A station that stops answering (cable cut, power lost) or answers again; false when there
+    // is none at `address`.
+    bool SetSilent(int address, bool silent);
+
 private:
     SimDrive* Find(int address);
+    // Whether `drive` keeps this frame unanswered; counts the frame against its limit.
+    bool Silent(SimDrive* drive);
     std::vector<unsigned char> Answer(SimDrive& drive, std::span<const unsigned char> frame,
                                       SimTime now);
     void FollowCommChange(SimDrive& drive);
@@ -112,6 +120,8 @@ private:
     Clock m_clock;
     std::vector<std::unique_ptr<SimDrive>> m_drives;
     std::map<SimDrive*, int> m_framesPerDrive;
+    std::map<SimDrive*, int> m_silentAfter;  // per-station limits
+    std::set<SimDrive*> m_silenced;
     LineSettings m_line;
     int m_nLineGeneration = 0;
     int m_nFrames = 0;

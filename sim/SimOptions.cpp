@@ -18,6 +18,13 @@ constexpr OptionSpec kOptions[] = {
     {"pty", "path", "Serve a new pseudo-terminal; PATH becomes a symbolic link to it."},
     {"tcp", "port", "Serve TCP connections on PORT as a network module (0: any free port)."},
     {"bind", "address", "Address for --tcp (default 127.0.0.1, loopback only)."},
+    {"mac", "mac",
+     "With --tcp: the module's MAC, e.g. 00-20-4a-14-01-18 (default\n"
+     "                          02-00-00-00-hh-ll with the data port in hh-ll)."},
+    {"search-listen", "addr",
+     "With --tcp: where the module hears the device search on UDP 30718\n"
+     "                          (default 0.0.0.0; e.g. 127.255.255.255 for loopback only)."},
+    {"no-search", nullptr, "With --tcp: don't answer the device search."},
     {"device", "path", "Serve an existing serial device, e.g. one end of a socat pty pair."},
     {"station", "list", "Station numbers on the bus, e.g. 1,3,7 (default 1)."},
     {"model", "codes", "Model code per station, e.g. 1205,401; the last one repeats (default 1205)."},
@@ -61,7 +68,8 @@ QString SimHelpText()
         "motor, identification, parameter password, exceptions 'Q' 'R' 'S' 'T', broadcasts to\n"
         "station 0, and changes of station and line settings through 09-00..09-04.\n"
         "At least one of --pty, --tcp, --device is needed. Prints one line per endpoint, then\n"
-        "\"ready\"; stops on SIGINT or SIGTERM.\n\nOptions:\n");
+        "\"ready\"; stops on SIGINT or SIGTERM. With --tcp it plays a network module: it also\n"
+        "answers the device search on UDP 30718 and takes a new address given by MAC.\n\nOptions:\n");
     for (const OptionSpec& o : kOptions) {
         QString head = QStringLiteral("  --%1").arg(QLatin1String(o.name));
         if (o.value)
@@ -113,6 +121,17 @@ QString ParseSimOptions(const QStringList& args, SimOptions& options, bool& help
     if (isSet("bind"))
         options.bindAddress = value("bind");
     number("tcp", 0, 65535, [&](int v) { options.tcpPort = v; });
+    if (isSet("mac")) {
+        options.mac = ParseMac(value("mac"));
+        if (!options.mac)
+            return QStringLiteral("--mac takes six hex pairs joined by '-', e.g. 00-20-4a-14-01-18");
+    }
+    if (isSet("search-listen")) {
+        options.searchListen = value("search-listen");
+        if (!ParseIpv4(options.searchListen))
+            return QStringLiteral("--search-listen takes an IPv4 address");
+    }
+    options.answerSearch = !isSet("no-search");
     if (options.ptyPath.isEmpty() && options.devicePath.isEmpty() && options.tcpPort < 0 &&
         error.isEmpty())
         return QStringLiteral("give at least one of --pty, --tcp, --device");

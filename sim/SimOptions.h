@@ -1,10 +1,12 @@
 #pragma once
 // The command line of r770-sim.
 
+#include "link/SearchProtocol.h"
 #include "sim/SimBus.h"
 
 #include <QString>
 #include <QStringList>
+#include <optional>
 
 namespace quillon::sim {
 
@@ -13,6 +15,9 @@ struct SimOptions {
     int tcpPort = -1;       // --tcp PORT; -1: none, 0: any free port
     QString bindAddress = QStringLiteral("127.0.0.1");
     QString devicePath;     // --device PATH
+    std::optional<MacBytes> mac;  // --mac; none: one made from the TCP port
+    QString searchListen = QStringLiteral("0.0.0.0");  // --search-listen ADDRESS
+    bool answerSearch = true;     // off with --no-search
     BusSetup bus;
 };
 

@@ -2,6 +2,7 @@
 // See `r770-sim --help`.
 
 #include "sim/Endpoints.h"
+#include "sim/NetworkModule.h"
 #include "sim/SimBus.h"
 #include "sim/SimOptions.h"
 #include "sim/StreamServer.h"
@@ -46,7 +47,7 @@ int main(int argc, char** argv)
     try {
         SimBus bus(options.bus);
         std::optional<PtyEndpoint> pty;
-        std::optional<TcpListener> tcp;
+        std::unique_ptr<NetworkModule> module;
         std::optional<SerialDevice> device;
         std::vector<std::unique_ptr<StreamServer>> servers;
         std::vector<std::thread> threads;
@@ -63,10 +64,23 @@ int main(int argc, char** argv)
             std::printf("pty %s %s\n", qPrintable(pty->LinkPath()), qPrintable(pty->DevicePath()));
         }
         if (options.tcpPort >= 0) {
-            tcp.emplace(options.bindAddress, options.tcpPort);
-            auto& server = *servers.emplace_back(std::make_unique<StreamServer>(bus));
-            threads.emplace_back([&server, fd = tcp->Fd()] { server.ServeListener(fd); });
-            std::printf("tcp %s:%d\n", qPrintable(options.bindAddress), tcp->Port());
+            ModuleSetup setup;
+            setup.address = options.bindAddress;
+            setup.tcpPort = options.tcpPort;
+            setup.answerSearch = options.answerSearch;
+            setup.searchListen = options.searchListen;
+            setup.mac = options.mac.value_or(MacBytes{});
+            module = std::make_unique<NetworkModule>(bus, setup);
+            module->OnAddressChange([](const QString& address) {
+                std::printf("address %s\n", qPrintable(address));
+                std::fflush(stdout);
+            });
+            std::printf("tcp %s:%d\n", qPrintable(options.bindAddress), module->TcpPort());
+            if (module->Searchable())
+                std::printf("search %s:%d mac %s\n", qPrintable(setup.searchListen), kSearchPort,
+                            qPrintable(module->Mac()));
+            else if (options.answerSearch)
+                std::printf("search off: UDP port %d can't be bound\n", kSearchPort);
         }
         if (!options.devicePath.isEmpty()) {
             device.emplace(options.devicePath, bus.Line());
@@ -92,6 +106,7 @@ int main(int argc, char** argv)
             s->Stop();
         for (auto& t : threads)
             t.join();
+        module.reset();
     } catch (const std::exception& e) {
         std::fprintf(stderr, "r770-sim: %s\n", e.what());
         return 1;

@@ -1,5 +1,7 @@
 #include "link/DriveSerial.h"
 
+#include "link/DeviceSearch.h"
+
 #include <chrono>
 #include <thread>
 
@@ -19,6 +21,11 @@ long CDriveSerial::Read(unsigned char* buffer, unsigned long length, unsigned lo
 int CDriveSerial::CheckFrameCrc(const unsigned char* data, unsigned long length)
 {
     return quillon::CheckFrameCrc(data, length);
+}
+
+void CDriveSerial::DiscoverDevices(std::vector<DeviceRecord>& list)
+{
+    SearchModules(list);
 }
 
 ErrType CDriveSerial::SendFrame(const unsigned char* tx, unsigned long txLength, unsigned char* rx,

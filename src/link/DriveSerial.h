@@ -1,9 +1,12 @@
 #pragma once
 // CDriveSerial: the program's link to its drives, the one object all drive traffic passes
-// through. It adds to CSerial the guard on over-long reads and SendFrame, the paced form of
-// CommandSend used by everything that runs from a click or a timer.
+// through. It adds to CSerial the guard on over-long reads, the search for network modules and
+// SendFrame, the paced form of CommandSend used by everything that runs from a click or a timer.
 
+#include "link/DeviceRecord.h"
 #include "link/Serial.h"
+
+#include <vector>
 
 namespace quillon {
 
@@ -24,6 +27,10 @@ public:
               unsigned long timeoutMs) override;
 
     int CheckFrameCrc(const unsigned char* data, unsigned long length) override;
+
+    // The search for network modules (DeviceSearch.h): clears `list` and fills it. Works with
+    // the link closed; takes at least the search's time-out.
+    virtual void DiscoverDevices(std::vector<DeviceRecord>& list);
 
     // Sleeps kSendFramePauseMs, then CommandSend with the same arguments.
     ErrType SendFrame(const unsigned char* tx, unsigned long txLength, unsigned char* rx,

@@ -26,6 +26,7 @@ QString TransportText(ReplyCaller caller, int result, int station, int group)
         // 1 and 2 have their words, 3 the general one; any other value fails silently.
         return (result >= ErrCrc && result <= ErrComm) ? ErrTypeText(result) : QString();
     case ReplyCaller::RunSourceAtConnect:
+    case ReplyCaller::TakeOverIdentification:
         return kCommError;
     case ReplyCaller::PasswordState:
         return QStringLiteral("Read parameter password error!");
@@ -50,6 +51,7 @@ QString ExceptionReplyText(ReplyCaller caller, unsigned char code, int station, 
                ExceptionText(code);
     case ReplyCaller::RunStatus:
     case ReplyCaller::RunSourceAtConnect:
+    case ReplyCaller::TakeOverIdentification:
     case ReplyCaller::Polling:
         return kCommError;
     case ReplyCaller::PasswordState:

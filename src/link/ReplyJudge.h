@@ -20,6 +20,7 @@ enum class ReplyCaller {
     Identification,  // capacity, version and model-word readers
     RunStatus,       // the run status reader
     RunSourceAtConnect,  // 00-02 at connect: "Communication error!" for everything
+    TakeOverIdentification,  // capacity and version when a link is taken over: the same
     PasswordState,   // lock state reader: "Read parameter password error!" for everything
     PageAccess,      // single-parameter reads and writes of the editing pages
     Polling,         // status, terminal and graph polling: stop silently on transport faults

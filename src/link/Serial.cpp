@@ -1,6 +1,7 @@
 #include "link/Serial.h"
 
 #include "link/ChannelFactory.h"
+#include "link/DeviceSearch.h"
 #include "link/PortMap.h"
 
 #include <algorithm>
@@ -194,7 +195,8 @@ ErrType CSerial::Transaction(const unsigned char* tx, unsigned long txLength, un
 
     // Whatever arrived since the last transaction (a late reply, line noise) is not ours.
     m_channel->DiscardInput();
-    switch (m_channel->Send(tx, static_cast<int>(txLength), kResponseTimeoutMs)) {
+    const std::chrono::milliseconds timeout = m_responseTimeout;
+    switch (m_channel->Send(tx, static_cast<int>(txLength), static_cast<int>(timeout.count()))) {
     case ChannelStatus::Ok:
         break;
     case ChannelStatus::Timeout:
@@ -204,7 +206,7 @@ ErrType CSerial::Transaction(const unsigned char* tx, unsigned long txLength, un
         return ErrComm;
     }
 
-    const auto deadline = Clock::now() + std::chrono::milliseconds(kResponseTimeoutMs);
+    const auto deadline = Clock::now() + timeout;
     unsigned long got = 0;
     while (got < rxLength) {
         const int wait = MsUntil(deadline);
@@ -226,6 +228,11 @@ ErrType CSerial::Transaction(const unsigned char* tx, unsigned long txLength, un
     if (got >= 2 && CheckFrameCrc(rx, got))
         return ErrNone;
     return ErrTimeout;
+}
+
+int CSerial::setIPAddress(const QString& mac, const QString& ip)
+{
+    return AssignModuleAddress(mac, ip);
 }
 
 void CSerial::GetStrMac(const QString& mac)

@@ -25,6 +25,7 @@
 
 #include <QString>
 #include <atomic>
+#include <chrono>
 #include <memory>
 #include <mutex>
 
@@ -86,6 +87,15 @@ public:
     // Whether the last two of `length` bytes are the frame's CRC: 1 or 0.
     virtual int CheckFrameCrc(const unsigned char* data, unsigned long length);
 
+    // How long CommandSend waits for a reply; kResponseTimeoutMs unless set. Only a peer in
+    // the same process that answers at once (a fuzz harness) has reason to shorten it.
+    void SetResponseTimeout(std::chrono::milliseconds timeout) { m_responseTimeout = timeout; }
+
+    // Tells the network module with `mac` ("00-20-4a-14-01-18") to take the IPv4 address `ip`.
+    // Needs no open link: the module is reached by its MAC (DeviceSearch.h). Non-zero when the
+    // module took the address.
+    virtual int setIPAddress(const QString& mac, const QString& ip);
+
     // The MAC text of the module the "TCPIP" path is about to connect to.
     void GetStrMac(const QString& mac);
     QString StrMac() const;
@@ -119,6 +129,8 @@ private:
     mutable std::recursive_mutex m_mutex;
     std::unique_ptr<Channel> m_channel;  // created and destroyed on the I/O thread
     std::atomic<bool> m_bOpen{false};
+    std::atomic<std::chrono::milliseconds> m_responseTimeout{
+        std::chrono::milliseconds(kResponseTimeoutMs)};
     QString m_strOpenFailure;
     QString m_strDescription;
     QString m_strMac;

@@ -3,14 +3,21 @@
 #include "link/FdIo.h"
 
 #include <QHostAddress>
+#include <QNetworkProxy>
 
 namespace quillon {
 
 std::unique_ptr<TcpChannel> TcpChannel::Open(const PeerAddress& peer, QString& reason)
 {
+    if (peer.m_nAddress == 0) {
+        reason = QStringLiteral("No network module has been chosen.");
+        return nullptr;
+    }
     std::unique_ptr<TcpChannel> ch(new TcpChannel);
     const quint16 port = peer.m_nPort != 0 ? peer.m_nPort : kModuleDataPort;
     ch->m_strPeer = QStringLiteral("%1:%2").arg(peer.AddressText()).arg(port);
+    // A module on the plant's network is reached directly, never through a proxy.
+    ch->m_socket.setProxy(QNetworkProxy::NoProxy);
     ch->m_socket.connectToHost(QHostAddress(static_cast<quint32>(peer.m_nAddress)), port);
     if (!ch->m_socket.waitForConnected(kTcpConnectTimeoutMs)) {
         reason = QStringLiteral("The network module at %1 can't be reached: %2.")

@@ -4,6 +4,7 @@
 #include "shell/CommSettings.h"
 #include "shell/CommandIds.h"
 #include "shell/Globals.h"
+#include "shell/HandOver.h"
 #include "shell/MainFrame.h"
 #include "shell/StartupArgs.h"
 
@@ -45,6 +46,9 @@ bool CM330App::InitInstance() {
     // 8-10. The window, maximised. No keyboard layout is forced: key codes reach the program
     // unchanged whatever the input language.
     if (m_options.showWindow) m_frame->showMaximized();
+    // 11. A project or a link handed over by another tool of the family.
+    if (const auto handOver = TakeHandOverFile(HandOverFilePath()))
+        HonourHandOver(*handOver, m_frame->Commands(), m_frame->LinkSession());
     // 12. The line settings of the last accepted link.
     LoadCommSettings();
     return true;

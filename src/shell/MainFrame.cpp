@@ -1,5 +1,6 @@
 #include "shell/MainFrame.h"
 
+#include "link/ConnectDlg.h"
 #include "params/ModelSelectDlg.h"
 #include "params/ProjectFile.h"
 #include "shell/AboutDlg.h"
@@ -16,6 +17,7 @@
 #include "shell/StatusPanes.h"
 #include "shell/TextTable.h"
 #include "shell/ToolbarIcons.h"
+#include "transfer/TransferUi.h"
 
 #include <QAction>
 #include <QCloseEvent>
@@ -62,6 +64,7 @@ CMainFrame::CMainFrame(CRecentFileList& recent, QWidget* parent)
     : QMainWindow(parent),
       m_recent(recent),
       m_commands(m_session, recent, *this),
+      m_link(m_session, *this),
       m_mdi(new QMdiArea(this)) {
     setObjectName(QStringLiteral("MainFrame"));
     setWindowTitle(QStringLiteral("Quillon"));
@@ -74,17 +77,24 @@ CMainFrame::CMainFrame(CRecentFileList& recent, QWidget* parent)
     CreateDockBar();
     CreateMenus();
     InstallBuiltInHandlers();
+    InstallTransferCommands(*this);
     setAcceptDrops(true);
 
     m_uiTimer = new QTimer(this);
     connect(m_uiTimer, &QTimer::timeout, this, &CMainFrame::UpdateCommandUI);
+    m_linkWatch = new QTimer(this);
+    m_linkWatch->setObjectName(QStringLiteral("LinkWatch"));
+    connect(m_linkWatch, &QTimer::timeout, this, Guarded([this] { m_link.OnLinkWatchTick(); }));
     m_uiTimer->start(kCommandUiPeriodMs);
     resize(1000, 700);
     UpdateCommandUI();
 }
 
 CMainFrame::~CMainFrame() {
+    // The refresh worker uses the link, which goes with the frame.
+    StopAutoRefresh();
     m_uiTimer->stop();
+    m_linkWatch->stop();
     // The document goes with the commands before the child widgets: the view lets go of it first.
     if (m_child) DisposeWindow(m_child);
 }
@@ -187,6 +197,10 @@ void CMainFrame::InstallBuiltInHandlers() {
     m_handlers[CmdId::ViewToolbar] = [this] { m_toolbar->setVisible(m_toolbar->isHidden()); };
     m_handlers[CmdId::ViewStatusBar] = [this] { statusBar()->setVisible(statusBar()->isHidden()); };
     m_handlers[CmdId::ProjectWindow] = [this] { m_dock->setVisible(m_dock->isHidden()); };
+    m_handlers[CmdId::Connect] = [this] {
+        CConnectDlg dlg(m_link, this);
+        dlg.exec();
+    };
     m_handlers[CmdId::Help] = [this] { OnHelp(); };
     m_handlers[CmdId::About] = [this] {
         CAboutDlg dlg(this);
@@ -378,9 +392,14 @@ void CMainFrame::SetProjectWindowTitle(const QString& title) {
 }
 
 void CMainFrame::StopAutoRefresh() {
-    // Auto refresh runs only while its flag is up.
+    // Waits for a running cycle, then turns auto refresh off.
+    if (CTransferUi* transfer = TransferUiOf(*this)) transfer->StopAutoRefresh();
     m_session.m_bAutoRefresh = 0;
 }
+
+void CMainFrame::StartLinkWatch(int periodMs) { m_linkWatch->start(periodMs); }
+
+void CMainFrame::StopLinkWatch() { m_linkWatch->stop(); }
 
 // ---- help, closing, dropped files ----------------------------------------------------------
 

@@ -5,6 +5,7 @@
 // the project tree, and routes the commands: each command id goes to one handler, and its enable
 // and check state comes from the command table.
 
+#include "link/LinkSession.h"
 #include "params/M330Doc.h"
 #include "shell/ChildFrame.h"
 #include "shell/MenuLayout.h"
@@ -33,7 +34,7 @@ class CM330View;
 class CRecentFileList;
 struct CommandState;
 
-class CMainFrame : public QMainWindow, private IProjectWindows {
+class CMainFrame : public QMainWindow, private IProjectWindows, private ILinkWindows {
     Q_OBJECT
 public:
     explicit CMainFrame(CRecentFileList& recent, QWidget* parent = nullptr);
@@ -41,6 +42,9 @@ public:
 
     SessionState& Session() { return m_session; }
     CProjectCommands& Commands() { return m_commands; }
+    CLinkSession& LinkSession() { return m_link; }
+    // Timer 1: the supervision of the linked stations.
+    QTimer* LinkWatchTimer() const { return m_linkWatch; }
     CM330Doc* Document() const { return m_commands.Document(); }
     // The view of the project window, nullptr without a project.
     CM330View* View() const;
@@ -89,6 +93,9 @@ private:
     void SetProjectWindowTitle(const QString& title) override;
     void StopAutoRefresh() override;
     void RecentListChanged() override;
+    // ILinkWindows
+    void StartLinkWatch(int periodMs) override;
+    void StopLinkWatch() override;
 
     void CreateActions();
     void CreateMenus();
@@ -106,6 +113,7 @@ private:
     SessionState m_session;
     CRecentFileList& m_recent;
     CProjectCommands m_commands;
+    CLinkSession m_link;
     QMdiArea* m_mdi;
     QPointer<CChildFrame> m_child;
     QLabel* m_panes[5] = {};
@@ -114,6 +122,7 @@ private:
     CCJTreeCtrl* m_tree = nullptr;
     QToolBar* m_toolbar = nullptr;
     QTimer* m_uiTimer = nullptr;
+    QTimer* m_linkWatch = nullptr;
     std::map<int, QAction*> m_actions;
     std::map<int, std::function<void()>> m_handlers;
     std::map<int, std::vector<QMenu*>> m_menuBars;  // menu id -> its top-level popups

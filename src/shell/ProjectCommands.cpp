@@ -82,6 +82,17 @@ void CProjectCommands::OnFileNew() {
     m_windows.RebuildTree();
 }
 
+void CProjectCommands::NewDocumentForLinkedDrive() {
+    SessionRollback rollback(m_session);
+    m_session.m_strProjectPath.clear();
+    m_session.m_nCurGroup = -1;
+    auto doc = std::make_unique<CM330Doc>(m_session);
+    doc->OnNewDocument();
+    TakeDocument(std::move(doc), NewProjectTitle());
+    rollback.Commit();
+    m_windows.RebuildTree();
+}
+
 void CProjectCommands::OnFileOpen() {
     if (RefusedUnderAutoRefresh()) return;
     if (!SaveModified()) return;

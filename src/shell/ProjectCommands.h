@@ -59,6 +59,9 @@ public:
     bool OpenRecentFile(const QString& path);
     // A project named outside the open dialog: dropped on the window or given on the command line.
     bool OpenProjectFile(const QString& path);
+    // A new project for the model the session holds, with no dialog: a link taken over at
+    // start-up has identified the drive.
+    void NewDocumentForLinkedDrive();
     void OnFileSave();
     void OnFileSaveAs();
     void OnFileClose();

@@ -26,9 +26,13 @@ struct SessionState {
     int m_bWriting = 0;            // a group write is under way: the same
     int m_nRefreshStation = -1;
     int m_nReg0002 = 0;            // run source 00-02 as read at identification
-    QString m_strStationText;
-    std::vector<int> m_stations;
-    std::vector<int> m_stationVersions;
+    int m_nModelWord = 0;          // the last value of the model word (0x252F)
+    int m_bTcpLinked = 0;          // the link goes through a network module
+    QString m_strStationText;      // the stations as the status bar shows them
+    std::vector<int> m_stations;   // the linked stations in the order typed
+    std::vector<int> m_stationCapacities;  // their model codes (13-00), same order
+    std::vector<int> m_stationVersions;    // their software versions in thousandths, same order
+    QString m_strLastError;        // what the last failed group routine left to be shown
     GraphSettings m_graphSettings;  // the graph watch's curves; kept in the project file
 };
 

@@ -73,4 +73,13 @@ QString LoadText(int id)
     return QString::fromUtf8(it->text);
 }
 
+QString FormatText(int id, int value)
+{
+    QString text = LoadText(id);
+    const qsizetype at = text.indexOf(QLatin1String("%d"));
+    if (at >= 0)
+        text.replace(at, 2, QString::number(value));
+    return text;
+}
+
 }  // namespace quillon

@@ -17,6 +17,8 @@ std::span<const TextEntry> TextTable();
 
 // The text with this id; an empty text when the id is unknown.
 QString LoadText(int id);
+// The text with this id with its "%d" replaced by `value`.
+QString FormatText(int id, int value);
 
 // Ids that the code refers to by name.
 namespace TextId {

@@ -3,6 +3,7 @@ target_sources(quillon_core PRIVATE
   ${CMAKE_CURRENT_LIST_DIR}/CommSettings.cpp
   ${CMAKE_CURRENT_LIST_DIR}/Globals.cpp
   ${CMAKE_CURRENT_LIST_DIR}/GraphSettings.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/HandOver.cpp
   ${CMAKE_CURRENT_LIST_DIR}/MenuLayout.cpp
   ${CMAKE_CURRENT_LIST_DIR}/ParamList.cpp
   ${CMAKE_CURRENT_LIST_DIR}/PathName.cpp

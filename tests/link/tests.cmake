@@ -12,10 +12,28 @@ quillon_add_test(link_tests SOURCES
   ${CMAKE_CURRENT_LIST_DIR}/ModbusFrameTest.cpp
   ${CMAKE_CURRENT_LIST_DIR}/PortMapTest.cpp
   ${CMAKE_CURRENT_LIST_DIR}/PtyTransportTest.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/RegisterReadersTest.cpp
   ${CMAKE_CURRENT_LIST_DIR}/ReplyJudgeTest.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/SearchProtocolTest.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/StationListTest.cpp
   ${CMAKE_CURRENT_LIST_DIR}/TcpTransportTest.cpp
 )
 target_link_libraries(link_tests PRIVATE link_test_support)
 
+# The connection: connect sequence, supervision, session files, and the device search and a
+# link through network modules in a network namespace of the test's own.
+quillon_add_test(link_session_tests SOURCES
+  ${CMAKE_CURRENT_LIST_DIR}/DeviceSearchTest.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/LinkSessionTest.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/PortSessionFileTest.cpp
+)
+target_link_libraries(link_session_tests PRIVATE link_test_support)
+
 quillon_add_test(link_libmodbus_tests SOURCES ${CMAKE_CURRENT_LIST_DIR}/LibmodbusSlaveTest.cpp)
 target_link_libraries(link_libmodbus_tests PRIVATE link_test_support PkgConfig::LIBMODBUS)
+
+quillon_add_test(port_session_lines_test SOURCES ${CMAKE_CURRENT_LIST_DIR}/PortSessionLinesTest.cpp)
+
+# The connection dialog and its IP dialogs, on the main window.
+quillon_add_test(connect_dialog_tests WIDGETS SOURCES ${CMAKE_CURRENT_LIST_DIR}/ConnectDlgTest.cpp)
+target_link_libraries(connect_dialog_tests PRIVATE link_test_support)

@@ -9,3 +9,5 @@ quillon_add_test(shell_rules_test SOURCES
   ${CMAKE_CURRENT_LIST_DIR}/ProjectCommandsTest.cpp
 )
 quillon_add_test(last_resort_test WIDGETS SOURCES ${CMAKE_CURRENT_LIST_DIR}/LastResortTest.cpp)
+quillon_add_test(handover_tests WIDGETS SOURCES ${CMAKE_CURRENT_LIST_DIR}/HandOverTest.cpp)
+target_link_libraries(handover_tests PRIVATE link_test_support)

@@ -1,5 +1,6 @@
 // The simulator's command line.
 
+#include "sim/NetworkModule.h"
 #include "sim/SimOptions.h"
 
 #include <gtest/gtest.h>
@@ -44,6 +45,33 @@ TEST(SimOptions, StationsModelsLineAndFaults)
     EXPECT_EQ(o.bus.faults.extraDelayMs, 20);
     EXPECT_EQ(o.bus.faults.silentAfter, 6);
     EXPECT_EQ(o.bus.modelWord, 0x110);
+}
+
+TEST(SimOptions, NetworkModule)
+{
+    SimOptions o;
+    ASSERT_EQ(Parse({"--tcp", "10001", "--bind", "127.0.0.2", "--mac", "00-20-4A-14-01-18",
+                     "--search-listen", "127.255.255.255"},
+                    o),
+              "");
+    EXPECT_EQ(o.bindAddress, "127.0.0.2");
+    ASSERT_TRUE(o.mac);
+    EXPECT_EQ(MacText(*o.mac), "00-20-4a-14-01-18");
+    EXPECT_EQ(o.searchListen, "127.255.255.255");
+    EXPECT_TRUE(o.answerSearch);
+
+    SimOptions quiet;
+    ASSERT_EQ(Parse({"--tcp", "0", "--no-search"}, quiet), "");
+    EXPECT_FALSE(quiet.answerSearch);
+    EXPECT_FALSE(quiet.mac);
+    EXPECT_EQ(quiet.searchListen, "0.0.0.0");
+    EXPECT_EQ(MacText(ModuleMacForPort(10001)), "02-00-00-00-27-11");
+
+    for (const QStringList& bad : {QStringList{"--tcp", "0", "--mac", "00-20-4a"},
+                                   QStringList{"--tcp", "0", "--search-listen", "everywhere"}}) {
+        SimOptions b;
+        EXPECT_NE(Parse(bad, b), "") << bad.join(' ').toStdString();
+    }
 }
 
 TEST(SimOptions, RefusesWhatADriveCanNotBe)

@@ -29,6 +29,21 @@ void TempAppDir::Write(const QString& name, const QByteArray& content) const {
     file.write(content);
 }
 
+PrivateTempDir::PrivateTempDir()
+    : m_previous(qgetenv("TMPDIR")), m_hadPrevious(qEnvironmentVariableIsSet("TMPDIR")) {
+    EXPECT_TRUE(m_dir.isValid());
+    qputenv("TMPDIR", QFile::encodeName(m_dir.path()));
+}
+
+PrivateTempDir::~PrivateTempDir() {
+    if (m_hadPrevious)
+        qputenv("TMPDIR", m_previous);
+    else
+        qunsetenv("TMPDIR");
+}
+
+QString PrivateTempDir::Path() const { return m_dir.path(); }
+
 void TempAppDir::Remove(const QString& name) const { QFile::remove(File(name)); }
 
 }  // namespace quillon::test

@@ -25,4 +25,21 @@ private:
     std::unique_ptr<QTemporaryDir> m_dir;
 };
 
+// Points the process's temporary directory (TMPDIR, which QDir::tempPath() reads) at a private
+// directory for the lifetime of a scope, so that files the program keeps there (curfile.ini,
+// the session files' second place) never meet another process's.
+class PrivateTempDir {
+public:
+    PrivateTempDir();
+    ~PrivateTempDir();
+    PrivateTempDir(const PrivateTempDir&) = delete;
+    PrivateTempDir& operator=(const PrivateTempDir&) = delete;
+    QString Path() const;  // without a trailing "/"
+
+private:
+    QTemporaryDir m_dir;
+    QByteArray m_previous;
+    bool m_hadPrevious;
+};
+
 }  // namespace quillon::test

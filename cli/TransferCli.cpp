@@ -1,0 +1,176 @@
+#include "TransferCli.h"
+
+#include "link/LineSettings.h"
+#include "link/ModbusFrame.h"
+#include "link/PortMap.h"
+#include "link/SearchProtocol.h"
+#include "shell/Globals.h"
+
+#include <QHostAddress>
+#include <QHostInfo>
+#include <algorithm>
+#include <cstdio>
+#include <unistd.h>
+
+namespace quillon::cli {
+namespace {
+
+constexpr int kBarWidth = 30;
+
+// The IPv4 address of a host name or dotted address; nullopt when there is none.
+std::optional<std::uint32_t> HostAddress(const QString& host) {
+    if (const auto dotted = ParseIpv4(host)) return dotted;
+    for (const QHostAddress& a : QHostInfo::fromName(host).addresses()) {
+        bool ok = false;
+        const std::uint32_t v4 = a.toIPv4Address(&ok);
+        if (ok) return v4;
+    }
+    return std::nullopt;
+}
+
+bool Number(const QString& text, int& value) {
+    bool ok = false;
+    value = text.toInt(&ok);
+    return ok;
+}
+
+}  // namespace
+
+QString ParseLinkOptions(const QString& command, const QStringList& args, LinkOptions& o,
+                         QStringList& rest) {
+    const QStringList valued{"--port", "--tcp",    "--station", "--baud",
+                             "--data", "--parity", "--stop"};
+    bool stationGiven = false;
+    for (qsizetype i = 0; i < args.size(); ++i) {
+        const QString& name = args[i];
+        if (!valued.contains(name)) {
+            rest << name;
+            continue;
+        }
+        if (i + 1 >= args.size())
+            return QStringLiteral("%1: option %2 needs a value").arg(command, name);
+        const QString value = args[++i];
+        int n = 0;
+        if (name == QLatin1String("--port")) {
+            if (!o.port.isEmpty())
+                return QStringLiteral("%1: give one of --port and --tcp").arg(command);
+            o.port = value.toUpper();
+            if (ComNumberFromName(o.port) == 0)
+                return QStringLiteral("%1: --port takes a name such as COM1").arg(command);
+        } else if (name == QLatin1String("--tcp")) {
+            if (!o.port.isEmpty())
+                return QStringLiteral("%1: give one of --port and --tcp").arg(command);
+            const QStringList parts = value.split(u':');
+            int port = 0;
+            if (parts.size() > 2 ||
+                (parts.size() == 2 && (!Number(parts[1], port) || port < 1 || port > 65535)))
+                return QStringLiteral("%1: --tcp takes HOST or HOST:PORT").arg(command);
+            const auto address = HostAddress(parts.front());
+            if (!address)
+                return QStringLiteral("%1: unknown host '%2'").arg(command, parts.front());
+            o.port = QStringLiteral("TCPIP");
+            o.peer.m_nAddress = *address;
+            o.peer.m_nPort = static_cast<std::uint16_t>(port);
+        } else if (name == QLatin1String("--station")) {
+            if (!Number(value, n) || n < 1 || n > 32)
+                return QStringLiteral("%1: --station takes a number from 1 to 32").arg(command);
+            o.station = n;
+            stationGiven = true;
+        } else if (name == QLatin1String("--baud")) {
+            if (!Number(value, n) || !IsDriveBaudRate(n))
+                return QStringLiteral("%1: --baud takes 4800, 9600, 19200 or 38400").arg(command);
+            o.baud = n;
+        } else if (name == QLatin1String("--data")) {
+            if (!Number(value, n) || (n != 7 && n != 8))
+                return QStringLiteral("%1: --data takes 7 or 8").arg(command);
+            o.dataBits = n;
+        } else if (name == QLatin1String("--parity")) {
+            const qsizetype p = QStringList{"none", "odd", "even"}.indexOf(value.toLower());
+            if (p < 0) return QStringLiteral("%1: --parity takes none, odd or even").arg(command);
+            o.parity = static_cast<int>(p);
+        } else if (name == QLatin1String("--stop")) {
+            if (!Number(value, n) || (n != 1 && n != 2))
+                return QStringLiteral("%1: --stop takes 1 or 2").arg(command);
+            o.stopBits = n;
+        }
+    }
+    if (o.port.isEmpty())
+        return QStringLiteral("%1: give --port COMn or --tcp HOST[:PORT]").arg(command);
+    if (!stationGiven) return QStringLiteral("%1: give --station N").arg(command);
+    return QString();
+}
+
+ErrType CNotedLink::CommandSend(const unsigned char* tx, unsigned long txLength, unsigned char* rx,
+                                unsigned long rxLength) {
+    m_exchanges.push_back(Exchange{txLength, rxLength});
+    return CDriveSerial::CommandSend(tx, txLength, rx, rxLength);
+}
+
+bool OpenLink(const QString& command, const LinkOptions& o, CDriveSerial& link) {
+    link.peerAddress = o.peer;
+    if (link.InitComm(o.port, static_cast<unsigned long>(o.baud),
+                      static_cast<unsigned char>(o.dataBits), static_cast<unsigned char>(o.parity),
+                      static_cast<float>(o.stopBits)))
+        return true;
+    std::fprintf(stderr, "quillon-cli: %s: Can't Open the Port! %s\n", qPrintable(command),
+                 link.OpenFailureDetail().toUtf8().constData());
+    return false;
+}
+
+void PrepareSession(SessionState& session, int station) {
+    session.m_strAppDir = g_strAppDir;
+    session.m_stations = {station};
+    session.m_bOnline = 1;
+}
+
+CM330Doc* CCliWindows::NewDocumentForDrive() {
+    m_doc = std::make_unique<CM330Doc>(m_session);
+    m_doc->OnNewDocument();
+    return m_doc.get();
+}
+
+void CCliWindows::ShowUnwrittenParams(const std::vector<MotorParam>& params) {
+    std::fprintf(stderr, "%s\nCode\tParameter Name\n", "未写入马达参数");
+    for (const MotorParam& p : params)
+        std::fprintf(stderr, "%s\t%s\n", p.m_strCode.toUtf8().constData(),
+                     p.m_strName.toUtf8().constData());
+}
+
+void CCliWindows::Show(const QString& title) {
+    m_bVisible = true;
+    m_bTerminal = ::isatty(STDERR_FILENO) != 0;
+    if (m_bTerminal) std::fprintf(stderr, "%s\n", title.toUtf8().constData());
+}
+
+void CCliWindows::Hide() {
+    if (m_bVisible && m_bTerminal) std::fprintf(stderr, "\n");
+    m_bVisible = false;
+}
+
+void CCliWindows::SetRange(int lower, int upper) {
+    m_nLower = lower;
+    m_nUpper = upper;
+    Draw();
+}
+
+void CCliWindows::SetPos(int pos) {
+    m_nPos = pos;
+    Draw();
+}
+
+void CCliWindows::SetLabel(const QString& label) {
+    m_strLabel = label;
+    Draw();
+}
+
+void CCliWindows::Draw() {
+    if (!m_bVisible || !m_bTerminal) return;
+    const int span = std::max(1, m_nUpper - m_nLower);
+    const int filled = std::clamp((m_nPos - m_nLower) * kBarWidth / span, 0, kBarWidth);
+    const std::string bar = std::string(static_cast<std::size_t>(filled), '#') +
+                            std::string(static_cast<std::size_t>(kBarWidth - filled), '.');
+    std::fprintf(stderr, "\r[%s] %-28s", bar.c_str(), m_strLabel.toUtf8().constData());
+    std::fflush(stderr);
+}
+
+}  // namespace quillon::cli

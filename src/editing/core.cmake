@@ -1,0 +1,3 @@
+target_sources(quillon_core PRIVATE
+  ${CMAKE_CURRENT_LIST_DIR}/ModelLimits.cpp
+)

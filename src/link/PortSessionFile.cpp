@@ -1,0 +1,106 @@
+#include "link/PortSessionFile.h"
+
+#include "params/TextConv.h"
+#include "params/TextFile.h"
+#include "shell/Globals.h"
+
+#include <QDir>
+#include <QSaveFile>
+
+namespace quillon {
+namespace {
+
+constexpr qsizetype kMinimumFileBytes = 4;
+// A module without a name is written as one blank, so that its line is never empty.
+const QString kNoName = QStringLiteral(" ");
+
+// The file holds one value a line, and its reader takes a carriage return before the line feed
+// for part of the line's end. A value with a line feed in it, or ending in a carriage return,
+// would come back as another value and move every line behind it ("TCPIP\r" would read as the
+// TCP port and take the module count for its MAC); such a value is written without them.
+QString LineValue(const QString& value)
+{
+    QString line = value;
+    line.remove(u'\n');
+    while (line.endsWith(u'\r'))
+        line.chop(1);
+    return line;
+}
+
+}  // namespace
+
+QString PortSessionPrimaryPath()
+{
+    return g_strAppDir + QLatin1String(kPortSessionFileName);
+}
+
+QString PortSessionFallbackPath()
+{
+    return QDir::tempPath() + u'/' + QLatin1String(kPortSessionFileName);
+}
+
+PortSession ParsePortSession(const std::vector<QString>& lines)
+{
+    PortSession s;
+    std::size_t next = 0;
+    const auto take = [&](QString& out) {
+        if (next >= lines.size())
+            return false;
+        out = lines[next++];
+        return true;
+    };
+    if (!take(s.portText))
+        return s;
+    if (s.portText == QLatin1String(kTcpPortText) && !take(s.mac))
+        return s;
+    QString countText;
+    if (!take(countText))
+        return s;
+    const int count = Atoi(countText);
+    for (int i = 0; i < count; ++i) {
+        QString mac, name;
+        if (!take(mac) || !take(name))
+            break;
+        s.names.emplace_back(mac, name == kNoName ? QString() : name);
+    }
+    return s;
+}
+
+QByteArray FormatPortSession(const PortSession& session)
+{
+    const QString port = LineValue(session.portText);
+    QString text = port + u'\n';
+    if (port == QLatin1String(kTcpPortText))
+        text += LineValue(session.mac) + u'\n';
+    if (!session.names.empty()) {
+        text += QString::asprintf("%d\n", static_cast<int>(session.names.size()));
+        for (const auto& [mac, name] : session.names) {
+            const QString nameLine = LineValue(name);
+            text += LineValue(mac) + u'\n' + (nameLine.isEmpty() ? kNoName : nameLine) + u'\n';
+        }
+    }
+    return text.toUtf8();
+}
+
+std::optional<PortSession> ReadPortSession()
+{
+    auto bytes = ReadSmallFile(PortSessionPrimaryPath());
+    if (!bytes)
+        bytes = ReadSmallFile(PortSessionFallbackPath());
+    if (!bytes || bytes->size() < kMinimumFileBytes)
+        return std::nullopt;
+    return ParsePortSession(SplitTextLines(*bytes));
+}
+
+bool WritePortSession(const PortSession& session)
+{
+    const QByteArray content = FormatPortSession(session);
+    for (const QString& path : {PortSessionPrimaryPath(), PortSessionFallbackPath()}) {
+        QSaveFile file(path);
+        if (file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.commit())
+            return true;
+    }
+    return false;
+}
+
+}  // namespace quillon

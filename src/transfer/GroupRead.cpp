@@ -1,0 +1,79 @@
+#include "transfer/GroupRead.h"
+
+#include "link/ModbusFrame.h"
+#include "link/RegisterReaders.h"
+#include "params/M330Doc.h"
+#include "transfer/TransferWindows.h"
+
+namespace quillon {
+
+bool ReadGroupRegisters(CDriveSerial& link, int station, int group, GroupReadout& out,
+                        QString& error) {
+    out.group = group;
+    for (const RegisterFrame& frame : ReadFramesOf(group)) {
+        std::array<std::uint16_t, kMaxRegistersPerFrame> values{};
+        const ReplyVerdict verdict =
+            ReadHoldingRegisters(link, station, frame.start, frame.count, ReplyCaller::GroupRead,
+                                 SendForm::Direct, values.data());
+        if (!verdict.ok) {
+            error = verdict.text;
+            return false;
+        }
+        for (int i = 0; i < frame.count; ++i)
+            out.values.push_back(RegisterValue{frame.FirstRow() + i, values[i]});
+    }
+    return true;
+}
+
+void ApplyReadout(CM330Doc& doc, const GroupReadout& readout) {
+    for (const RegisterValue& v : readout.values)
+        doc.RowAt(readout.group, v.row).m_strReadValue =
+            FormatRegister(ReadFormatOf(readout.group, v.row), v.value);
+}
+
+QString ReadProgressLabel(int group, int station) {
+    const QString prefix = group == kRegisterGroupCount - 1
+                               ? QStringLiteral("Fxx --")
+                               : QString::asprintf("%02d-XX --", group);
+    return prefix + QStringLiteral("Station Num:") + QString::number(station);
+}
+
+int CGroupReader::ReadGroup(int group, int station) {
+    GroupReadout readout;
+    QString error;
+    const bool ok = ReadGroupRegisters(m_link, station, group, readout, error);
+    // What came before a failed frame is kept.
+    ApplyReadout(m_doc, readout);
+    if (!ok) {
+        m_strLastError = error;
+        return 0;
+    }
+    return 1;
+}
+
+const std::array<CGroupReader::Routine, kRegisterGroupCount>& CGroupReader::Routines() {
+    static const std::array<Routine, kRegisterGroupCount> kRoutines{
+        &CGroupReader::ReadGroup00, &CGroupReader::ReadGroup01, &CGroupReader::ReadGroup02,
+        &CGroupReader::ReadGroup03, &CGroupReader::ReadGroup04, &CGroupReader::ReadGroup05,
+        &CGroupReader::ReadGroup06, &CGroupReader::ReadGroup07, &CGroupReader::ReadGroup08,
+        &CGroupReader::ReadGroup09, &CGroupReader::ReadGroup10, &CGroupReader::ReadGroup11,
+        &CGroupReader::ReadGroup12, &CGroupReader::ReadGroup13, &CGroupReader::ReadGroupFxx,
+    };
+    return kRoutines;
+}
+
+int CGroupReader::ReadAllGroups(int station, IProgress& progress) {
+    progress.SetRange(0, kRegisterGroupCount);
+    progress.SetPos(0);
+    for (int g = 0; g < kRegisterGroupCount; ++g) {
+        progress.SetLabel(ReadProgressLabel(g, station));
+        if (!(this->*Routines()[static_cast<std::size_t>(g)])(station)) {
+            progress.Hide();
+            return 0;
+        }
+        progress.SetPos(g + 1);
+    }
+    return 1;
+}
+
+}  // namespace quillon

@@ -1,0 +1,129 @@
+// PZ4comfile.ini and the module list it names: the format, where it is looked for, and how
+// names found there and given by a person reach the records and the file.
+
+#include "link/ModuleList.h"
+#include "link/PortSessionFile.h"
+#include "shell/Globals.h"
+#include "support/TestDirs.h"
+
+#include <QFile>
+#include <gtest/gtest.h>
+
+namespace quillon::test {
+namespace {
+
+DeviceRecord Module(const char* mac, const char* ip)
+{
+    DeviceRecord d;
+    d.mac = QString::fromLatin1(mac);
+    d.ip = QString::fromLatin1(ip);
+    return d;
+}
+
+class PortSessionFile : public ::testing::Test {
+protected:
+    void SetUp() override { g_strAppDir = m_dir.Path(); }
+    void TearDown() override { ResetGlobals(); }
+    PrivateTempDir m_tmp;
+    TempAppDir m_dir;
+};
+
+TEST_F(PortSessionFile, FormatAndParseAgree)
+{
+    PortSession s;
+    s.portText = QStringLiteral("TCPIP");
+    s.mac = QStringLiteral("00-20-4a-00-00-02");
+    s.names = {{QStringLiteral("00-20-4a-00-00-01"), QStringLiteral("Pump 3")},
+               {QStringLiteral("00-20-4a-00-00-02"), QString()}};
+    const QByteArray text = FormatPortSession(s);
+    EXPECT_EQ(text, QByteArray("TCPIP\n00-20-4a-00-00-02\n2\n00-20-4a-00-00-01\nPump 3\n"
+                               "00-20-4a-00-00-02\n \n"));
+    const PortSession back = ParsePortSession({"TCPIP", "00-20-4a-00-00-02", "2", "00-20-4a-00-00-01",
+                                               "Pump 3", "00-20-4a-00-00-02", " "});
+    EXPECT_EQ(back.portText, s.portText);
+    EXPECT_EQ(back.mac, s.mac);
+    EXPECT_EQ(back.names, s.names);
+
+    // A serial port has no MAC line, and no count line without modules.
+    PortSession serial;
+    serial.portText = QStringLiteral("COM3");
+    EXPECT_EQ(FormatPortSession(serial), QByteArray("COM3\n"));
+    serial.names = {{QStringLiteral("00-20-4a-00-00-01"), QStringLiteral("A")}};
+    EXPECT_EQ(FormatPortSession(serial), QByteArray("COM3\n1\n00-20-4a-00-00-01\nA\n"));
+}
+
+TEST_F(PortSessionFile, JunkGivesWhatCanBeTaken)
+{
+    EXPECT_TRUE(ParsePortSession({}).portText.isEmpty());
+    EXPECT_EQ(ParsePortSession({"COM1", "9", "aa", "A", "bb"}).names,
+              (std::vector<std::pair<QString, QString>>{{"aa", "A"}}));
+    EXPECT_TRUE(ParsePortSession({"COM1", "-4", "aa", "A"}).names.empty());
+    EXPECT_TRUE(ParsePortSession({"TCPIP"}).mac.isEmpty());
+}
+
+TEST_F(PortSessionFile, ProgramDirectoryFirstThenTemporaryDirectory)
+{
+    // Nothing in the program directory: the temporary one is looked at.
+    const QString fallback = PortSessionFallbackPath();
+    EXPECT_EQ(fallback, m_tmp.Path() + QStringLiteral("/PZ4comfile.ini"));
+    EXPECT_FALSE(ReadPortSession());
+    {
+        QFile f(fallback);
+        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+        f.write("COM2\n");
+    }
+    ASSERT_TRUE(ReadPortSession());
+    EXPECT_EQ(ReadPortSession()->portText, QStringLiteral("COM2"));
+
+    PortSession s;
+    s.portText = QStringLiteral("COM5");
+    ASSERT_TRUE(WritePortSession(s));
+    EXPECT_TRUE(QFile::exists(m_dir.File("PZ4comfile.ini")));
+    EXPECT_EQ(ReadPortSession()->portText, QStringLiteral("COM5"));
+
+    // Shorter than 4 bytes: ignored.
+    m_dir.Write("PZ4comfile.ini", "C1\n");
+    EXPECT_FALSE(ReadPortSession());
+}
+
+TEST_F(PortSessionFile, ModuleNamesAndChoice)
+{
+    CModuleList modules;
+    EXPECT_EQ(modules.ButtonText(), QStringLiteral("Search IP"));
+    EXPECT_EQ(modules.Chosen(), nullptr);
+
+    modules.SetDevices({Module("00-20-4a-00-00-01", "127.0.0.2"), Module("00-20-4a-00-00-02", "127.0.0.3"),
+                        Module("00-20-4a-00-00-01", "127.0.0.2")});
+    EXPECT_EQ(modules.ButtonText(), QStringLiteral("127.0.0.2()"));
+
+    PortSession file;
+    file.portText = QStringLiteral("TCPIP");
+    file.mac = QStringLiteral("00-20-4a-00-00-02");
+    file.names = {{"00-20-4a-00-00-01", "Pump"}, {"00-20-4a-00-00-09", "Gone"}};
+    modules.Apply(file);
+    EXPECT_EQ(modules.ChosenIndex(), 1);  // preselected by the file
+    EXPECT_EQ(modules.Devices()[0].name, QStringLiteral("Pump"));
+    EXPECT_EQ(modules.Devices()[2].name, QStringLiteral("Pump"));  // both of its answers
+    EXPECT_EQ(modules.KnownNames().size(), 2u);
+
+    modules.Choose(0);
+    EXPECT_EQ(modules.ButtonText(), QStringLiteral("127.0.0.2(Pump)"));
+    modules.ChooseMac(QStringLiteral("00-20-4a-00-00-77"));  // gone: the first
+    EXPECT_EQ(modules.ChosenIndex(), 0);
+    modules.Choose(7);
+    EXPECT_EQ(modules.ChosenIndex(), 0);
+
+    modules.Chosen()->name = QStringLiteral("Fan");
+    const PortSession saved = modules.ForSaving(QStringLiteral("TCPIP"));
+    EXPECT_EQ(saved.mac, QStringLiteral("00-20-4a-00-00-01"));
+    // The file lists what was found this time only; the known names keep the others.
+    EXPECT_EQ(saved.names, (std::vector<std::pair<QString, QString>>{
+                               {"00-20-4a-00-00-01", "Fan"}, {"00-20-4a-00-00-02", ""},
+                               {"00-20-4a-00-00-01", "Pump"}}));
+    EXPECT_EQ(modules.KnownNames(), (std::vector<std::pair<QString, QString>>{
+                                        {"00-20-4a-00-00-01", "Pump"}, {"00-20-4a-00-00-09", "Gone"},
+                                        {"00-20-4a-00-00-02", ""}}));
+}
+
+}  // namespace
+}  // namespace quillon::test

@@ -1,0 +1,35 @@
+#include "support/AppSession.h"
+
+#include "params/ModelSelectDlg.h"
+#include "shell/CommandIds.h"
+#include "shell/Globals.h"
+#include "support/WidgetTestSupport.h"
+
+#include <QComboBox>
+
+namespace quillon::test {
+
+CM330App& App()
+{
+    return *static_cast<CM330App*>(QCoreApplication::instance());
+}
+
+AppSession::AppSession()
+{
+    ResetGlobals();
+    App().SetOptions({dir.Path() + "recent.ini", dir.Path(), /*showWindow=*/false});
+    EXPECT_TRUE(App().InitInstance());
+    frame = App().MainFrame();
+}
+
+void AppSession::NewProject(const QString& model)
+{
+    OnNextModal<CModelSelectDlg>([model](CModelSelectDlg& dlg) {
+        dlg.ModelList()->setCurrentIndex(dlg.ModelList()->findText(model));
+        dlg.accept();
+    });
+    frame->OnCommand(CmdId::New);
+    EXPECT_NE(frame->Document(), nullptr);
+}
+
+}  // namespace quillon::test

@@ -1,0 +1,93 @@
+#include "support/NetNamespace.h"
+
+#include <QFileInfo>
+#include <QProcess>
+#include <QProcessEnvironment>
+#include <cerrno>
+#include <cstring>
+#include <net/if.h>
+#include <sys/ioctl.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+namespace quillon::test {
+namespace {
+
+constexpr const char* kChildVariable = "QUILLON_NETNS_CHILD";
+constexpr int kChildTimeoutMs = 100'000;
+
+bool BringLoopbackUp(QString& why)
+{
+    const int fd = ::socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0);
+    if (fd < 0) {
+        why = QStringLiteral("socket: %1").arg(QString::fromLocal8Bit(std::strerror(errno)));
+        return false;
+    }
+    ifreq ifr{};
+    std::strncpy(ifr.ifr_name, "lo", IFNAMSIZ - 1);
+    bool ok = ::ioctl(fd, SIOCGIFFLAGS, &ifr) == 0;
+    if (ok) {
+        ifr.ifr_flags = static_cast<short>(ifr.ifr_flags | IFF_UP | IFF_RUNNING);
+        ok = ::ioctl(fd, SIOCSIFFLAGS, &ifr) == 0;
+    }
+    if (!ok)
+        why = QStringLiteral("can't bring lo up: %1").arg(QString::fromLocal8Bit(std::strerror(errno)));
+    ::close(fd);
+    return ok;
+}
+
+// Whether `unshare -rn` works here; the reason when it doesn't. Asked once.
+bool NamespacesAvailable(QString& why)
+{
+    static const QString reason = [] {
+        QProcess probe;
+        probe.setProcessChannelMode(QProcess::MergedChannels);
+        probe.start(QStringLiteral("unshare"), {QStringLiteral("-rn"), QStringLiteral("true")});
+        if (!probe.waitForFinished(10'000))
+            return QStringLiteral("'unshare -rn' could not be run (util-linux missing?)");
+        if (probe.exitStatus() != QProcess::NormalExit || probe.exitCode() != 0)
+            return QStringLiteral("no user/network namespaces here ('unshare -rn' says: %1)")
+                .arg(QString::fromLocal8Bit(probe.readAll()).trimmed());
+        return QString();
+    }();
+    why = reason;
+    return reason.isEmpty();
+}
+
+}  // namespace
+
+NetnsRun RunInOwnNetworkNamespace(QString& why)
+{
+    if (qEnvironmentVariableIsSet(kChildVariable)) {
+        if (!BringLoopbackUp(why))
+            ADD_FAILURE() << why.toStdString();
+        return NetnsRun::Inside;
+    }
+    if (!NamespacesAvailable(why))
+        return NetnsRun::Unavailable;
+
+    const ::testing::TestInfo* info = ::testing::UnitTest::GetInstance()->current_test_info();
+    const QString filter =
+        QStringLiteral("--gtest_filter=%1.%2").arg(QLatin1String(info->test_suite_name()),
+                                                   QLatin1String(info->name()));
+    const QString exe = QFileInfo(QStringLiteral("/proc/self/exe")).symLinkTarget();
+    QProcess child;
+    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+    env.insert(QString::fromLatin1(kChildVariable), QStringLiteral("1"));
+    child.setProcessEnvironment(env);
+    child.setProcessChannelMode(QProcess::MergedChannels);
+    child.start(QStringLiteral("unshare"), {QStringLiteral("-rn"), exe, filter});
+    const bool finished = child.waitForFinished(kChildTimeoutMs);
+    if (!finished)
+        child.kill();
+    child.waitForFinished(1000);
+    const QString output = QString::fromLocal8Bit(child.readAll());
+    if (!finished || child.exitStatus() != QProcess::NormalExit || child.exitCode() != 0) {
+        ADD_FAILURE() << "the test failed in its network namespace:\n" << output.toStdString();
+    } else if (!output.contains(QLatin1String("[  PASSED  ] 1 test"))) {
+        ADD_FAILURE() << "the test did not run in its network namespace:\n" << output.toStdString();
+    }
+    return NetnsRun::Done;
+}
+
+}  // namespace quillon::test

@@ -1,0 +1,261 @@
+// The transfer's dialogs as a person meets them, and the commands on the main window over the
+// simulated drive.
+
+#include "LinkTestSupport.h"
+#include "link/ChannelFactory.h"
+#include "shell/CommandIds.h"
+#include "shell/Globals.h"
+#include "shell/MainFrame.h"
+#include "shell/StatusPanes.h"
+#include "shell/TextTable.h"
+#include "sim/SimChannel.h"
+#include "support/AppSession.h"
+#include "support/ScriptedPrompt.h"
+#include "transfer/TransferDialogs.h"
+#include "transfer/TransferUi.h"
+
+#include <QComboBox>
+#include <QGroupBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTableWidget>
+#include <QTest>
+#include <QTimer>
+#include <gtest/gtest.h>
+
+namespace quillon::test {
+namespace {
+
+QStringList Labels(const QWidget& w) {
+    QStringList texts;
+    for (const QLabel* l : w.findChildren<QLabel*>()) texts << l->text();
+    return texts;
+}
+
+TEST(TransferDialogs, PasswordDialogsCheckOnOkAndStayOpenOnAFailure) {
+    ScriptedPrompt prompt;
+    CPasswordSetDlg set;
+    EXPECT_EQ(set.windowTitle(), "Password Set");
+    EXPECT_TRUE(Labels(set).contains("Password:"));
+    EXPECT_TRUE(Labels(set).contains("Repeat:"));
+    EXPECT_EQ(set.PasswordEdit()->maxLength(), 5);
+    EXPECT_EQ(set.RepeatEdit()->echoMode(), QLineEdit::Password);
+    set.show();
+    QTest::keyClicks(set.PasswordEdit(), "1234567");  // five characters at most
+    EXPECT_EQ(set.PasswordEdit()->text(), "12345");
+    set.RepeatEdit()->setText("12344");
+    set.accept();
+    EXPECT_TRUE(set.isVisible());
+    EXPECT_EQ(prompt.Messages(), QStringList{"The repeat password is not same as new password!"});
+    set.RepeatEdit()->setText("12345");
+    set.accept();
+    EXPECT_EQ(set.result(), QDialog::Accepted);
+    EXPECT_EQ(set.Password(), "12345");
+
+    CChangePasswordDlg change;
+    EXPECT_EQ(change.windowTitle(), "Change Password");
+    ASSERT_EQ(change.findChildren<QGroupBox*>().size(), 1);
+    EXPECT_EQ(change.findChildren<QGroupBox*>().front()->title(), "Modify");
+    change.show();
+    change.OldEdit()->setText("65536");
+    change.NewEdit()->setText("1");
+    change.accept();
+    EXPECT_EQ(prompt.Messages().last(), "Beyond the range!");
+    EXPECT_TRUE(change.isVisible());
+
+    CPasswordInputDlg input;
+    EXPECT_EQ(input.windowTitle(), "Password Input");
+    input.show();
+    input.PasswordEdit()->setText("12a");
+    input.accept();
+    EXPECT_EQ(prompt.Messages().last(), "The password must be the DEC value!!");
+    input.PasswordEdit()->clear();  // an empty field passes and counts as 0
+    input.accept();
+    EXPECT_EQ(input.result(), QDialog::Accepted);
+}
+
+TEST(TransferDialogs, WriteDialogFiltersKeystrokesAndChecksTheStations) {
+    ScriptedPrompt prompt;
+    CWriteDlg dlg({1, 3, 5});
+    EXPECT_EQ(dlg.windowTitle(), "Write");
+    EXPECT_TRUE(dlg.SingleButton()->isChecked());
+    EXPECT_TRUE(Labels(dlg).contains("(Single or specified range, e.g.: 1,3,5-12)"));
+    dlg.show();
+    QTest::keyClicks(dlg.StationEdit(), "1,3x-5 ");
+    EXPECT_EQ(dlg.StationEdit()->text(), "1,3-5");
+
+    dlg.StationEdit()->clear();
+    dlg.accept();
+    EXPECT_EQ(prompt.Messages().last(), "The station num is not empty!");
+    dlg.StationEdit()->setText("1,7");
+    dlg.accept();
+    EXPECT_EQ(prompt.Messages().last(), "The Station Number 7 hasn't exist!!");
+    EXPECT_EQ(dlg.StationEdit()->selectedText(), "1,7");
+    EXPECT_TRUE(dlg.isVisible());
+
+    dlg.StationEdit()->setText("5,1");
+    dlg.accept();
+    EXPECT_EQ(dlg.Stations(), (std::vector<int>{5, 1}));
+
+    CWriteDlg all({1});
+    all.AllButton()->setChecked(true);
+    all.accept();
+    EXPECT_EQ(all.Stations(), std::vector<int>{0});  // the broadcast
+}
+
+TEST(TransferDialogs, UnwrittenParametersAndTheProgressWindow) {
+    CUnwrittenParamDlg list(
+        {MotorParam{"02-00", "Motor no-load current"}, MotorParam{"02-01", "Motor rated current"}});
+    EXPECT_EQ(list.windowTitle(), "未写入马达参数");
+    EXPECT_EQ(list.List()->horizontalHeaderItem(0)->text(), "Code");
+    EXPECT_EQ(list.List()->horizontalHeaderItem(1)->text(), "Parameter Name");
+    ASSERT_EQ(list.List()->rowCount(), 2);
+    EXPECT_EQ(list.List()->item(1, 0)->text(), "02-01");
+    EXPECT_EQ(list.List()->item(1, 1)->text(), "Motor rated current");
+    ASSERT_EQ(list.findChildren<QPushButton*>().size(), 1);
+    EXPECT_EQ(list.findChildren<QPushButton*>().front()->text(), "确定");
+
+    EXPECT_EQ(ProgressOrigin(QRect(100, 50, 900, 500)), QPoint(400, 450));
+    EXPECT_EQ(ProgressOrigin(QRect(0, 0, 700, 500), 4), QPoint(233, 100));
+    QWidget main;
+    main.setGeometry(100, 50, 900, 500);
+    CProgressDlg progress(&main);
+    progress.Show("Read Inverter function parameter...,");
+    EXPECT_TRUE(progress.IsVisible());
+    EXPECT_EQ(progress.windowTitle(), "Read Inverter function parameter...,");
+    // Where the platform puts it, give or take its frame.
+    EXPECT_LE((progress.pos() - ProgressOrigin(main.frameGeometry())).manhattanLength(), 8);
+    progress.SetRange(0, 15);
+    progress.SetPos(4);
+    progress.SetLabel("04-XX --Station Num:1");
+    EXPECT_EQ(progress.Bar()->value(), 4);
+    EXPECT_EQ(progress.Label()->text(), "04-XX --Station Num:1");
+    progress.Hide();
+    EXPECT_FALSE(progress.IsVisible());
+}
+
+class NoWindows final : public ITransferWindows {
+public:
+    IProgress& Progress() override { std::abort(); }
+    void SetStatusPane(int, const QString&) override {}
+    void RefreshList() override {}
+    CM330Doc* Document() override { return nullptr; }
+    CM330Doc* NewDocumentForDrive() override { return nullptr; }
+    bool SaveProject() override { return false; }
+    CDriveSerial* Link() override { return nullptr; }
+    void DeleteLink() override {}
+    void ShowUnwrittenParams(const std::vector<MotorParam>&) override {}
+    void SetRefreshTimer(bool) override {}
+    std::optional<QString> AskPasswordSet() override { return std::nullopt; }
+    std::optional<ChangePasswordEntry> AskChangePassword() override { return std::nullopt; }
+    std::optional<QString> AskPasswordInput() override { return std::nullopt; }
+};
+
+TEST(TransferDialogs, CommParamDialogOpensCrossedAndKeepsTheStationIn1To32) {
+    ScriptedPrompt prompt;
+    ResetGlobals();
+    g_nBaudIndex = 1;
+    g_nStopBitsIndex = 0;
+    g_nParityIndex = 1;  // odd
+    SessionState session;
+    session.m_stations = {4};
+    NoWindows windows;
+    CCommParamDlg dlg(session, windows);
+    EXPECT_EQ(dlg.windowTitle(), "通讯功能参数修改");
+    for (const char* label : {"09-01 变频器通讯站别", "09-02 波特率设定", "09-03 停止位选择",
+                              "09-04 奇偶位选择", "1~32"})
+        EXPECT_TRUE(Labels(dlg).contains(QString::fromUtf8(label))) << label;
+    EXPECT_EQ(dlg.BaudList()->currentText(), "1:9600");
+    EXPECT_EQ(dlg.StopList()->currentText(), "0:1停止位");
+    EXPECT_EQ(dlg.ParityList()->currentText(), "1:偶位");  // the session's odd, shown crossed
+    EXPECT_EQ(dlg.StationEdit()->text(), "4");
+
+    dlg.show();
+    dlg.StationEdit()->selectAll();
+    QTest::keyClicks(dlg.StationEdit(), "3");
+    QTest::keyClicks(dlg.StationEdit(), "3");  // 33 gives way to the last good number
+    EXPECT_EQ(dlg.StationEdit()->text(), "3");
+    QTest::keyClicks(dlg.StationEdit(), "2");
+    EXPECT_EQ(dlg.StationEdit()->text(), "32");
+
+    // Without an answering drive nothing changes and the dialog stays.
+    dlg.accept();
+    EXPECT_EQ(prompt.Messages(), QStringList{"Communication error!"});
+    EXPECT_TRUE(dlg.isVisible());
+    EXPECT_EQ(session.m_stations.front(), 4);
+    ResetGlobals();
+}
+
+// The main window with the simulated drive linked on "COM1".
+class FrameTransferTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        m_bus = std::make_shared<sim::SimBus>(TestBusSetup());
+        m_line = std::make_shared<sim::SimLine>();
+        m_factory.emplace(sim::SimChannelFactory(m_bus, m_line));
+        CDriveSerial& link = m_app.frame->LinkSession().EnsureLink();
+        ASSERT_EQ(link.InitComm(QStringLiteral("COM1"), 19200, 8, 0, 2.0f), 1);
+        SessionState& s = m_app.frame->Session();
+        s.m_bOnline = 1;
+        s.m_stations = {1};
+        m_app.NewProject(QStringLiteral("R770-2P5-Kxx"));
+    }
+    void TearDown() override {
+        if (CM330Doc* doc = m_app.frame->Document()) doc->SetModifiedFlag(false);
+        m_app.frame->close();
+    }
+    CTransferUi& Transfer() { return *TransferUiOf(*m_app.frame); }
+
+    ScriptedPrompt m_prompt;
+    AppSession m_app;
+    std::shared_ptr<sim::SimBus> m_bus;
+    std::shared_ptr<sim::SimLine> m_line;
+    std::optional<ScopedChannelFactory> m_factory;
+};
+
+TEST_F(FrameTransferTest, ReadAndWriteThroughTheMenuCommands) {
+    CMainFrame& frame = *m_app.frame;
+    ASSERT_NE(TransferUiOf(frame), nullptr);
+    m_prompt.Station(1);
+    frame.OnCommand(CmdId::Read);
+    EXPECT_EQ(m_prompt.Messages(), QStringList{"Read sucessful !"});
+    EXPECT_TRUE(frame.StatusPaneText(Pane::Model).endsWith("R770-2P5-Kxx"));
+    EXPECT_FALSE(Transfer().ProgressWindow()->isVisible());
+    EXPECT_EQ(m_line->Sent().size(), 29u);
+
+    m_prompt.Station(1);
+    frame.OnCommand(CmdId::Write);
+    EXPECT_EQ(m_prompt.Messages().last(), "Write successful!");
+}
+
+TEST_F(FrameTransferTest, AutoRefreshRunsOnTheTimerRefusesNewAndCloseAndStopsAtDisconnect) {
+    CMainFrame& frame = *m_app.frame;
+    m_prompt.Station(1);
+    frame.OnCommand(CmdId::AutoRefresh);
+    EXPECT_TRUE(frame.Action(CmdId::AutoRefresh)->isChecked());
+    EXPECT_TRUE(Transfer().RefreshTimer()->isActive());
+    EXPECT_EQ(Transfer().RefreshTimer()->interval(), 100);
+    EXPECT_TRUE(
+        QTest::qWaitFor([&] { return Transfer().AutoRefresh().CyclesApplied() >= 2; }, 5000));
+
+    // The project can't be replaced or closed under it; Read and Write stay available.
+    frame.OnCommand(CmdId::New);
+    frame.OnCommand(CmdId::Close);
+    EXPECT_EQ(m_prompt.Messages(), QStringList(2, LoadText(TextId::AutoRefreshRunning)));
+    EXPECT_NE(frame.Document(), nullptr);
+    EXPECT_TRUE(frame.Action(CmdId::Read)->isEnabled());
+
+    frame.LinkSession().Disconnect();
+    EXPECT_EQ(frame.Session().m_bAutoRefresh, 0);
+    EXPECT_FALSE(Transfer().RefreshTimer()->isActive());
+    EXPECT_FALSE(Transfer().AutoRefresh().CycleRunning());
+    frame.UpdateCommandUI();
+    EXPECT_FALSE(frame.Action(CmdId::AutoRefresh)->isChecked());
+}
+
+}  // namespace
+}  // namespace quillon::test
