@@ -15,8 +15,8 @@ std::span<const CliCommand> Commands() {
          "as catalogue prints them",
          &RunDump},
         {"identify",
-         "[--port COMn|TCPIP] [--ip ADDRESS[:PORT]] [--station N] [--baud 19200] [--data-bits 8] "
-         "[--parity none|odd|even] [--stop-bits 2]",
+         "[--port COMn | --tcp HOST[:PORT]] [--station N] [--baud B] [--data 7|8] "
+         "[--parity none|odd|even] [--stop 1|2]",
          "identify the drive at a station as the program does when it links: model, capacity, "
          "version, run source (defaults: COM1, station 1, 19200 8N2)",
          &RunIdentify},

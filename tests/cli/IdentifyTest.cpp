@@ -52,7 +52,7 @@ TEST(CliIdentify, BadArgumentsExitWithTwo)
 {
     for (const QStringList& args : {QStringList{"--station", "40"}, QStringList{"--port", "TCPIP"},
                                     QStringList{"--parity", "mark"}, QStringList{"--baud"},
-                                    QStringList{"--ip", "1.2.3"}, QStringList{"--colour", "red"}}) {
+                                    QStringList{"--tcp", "1.2.3.4:99999"}, QStringList{"--colour", "red"}}) {
         const ProgramRun r = Identify(args);
         EXPECT_EQ(r.code, 2) << args.join(' ').toStdString();
         EXPECT_FALSE(r.err.isEmpty());
