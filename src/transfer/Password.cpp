@@ -102,43 +102,65 @@ void BuildPasswordFrame(int station, int value, unsigned char* frame) {
                           RegParameterPassword, static_cast<std::uint16_t>(value));
 }
 
-void RunPasswordSet(SessionState& session, ITransferWindows& windows) {
+namespace {
+
+// The station a password command works on and whether its parameters are locked now.
+struct PasswordTarget {
+    CDriveSerial* link;
+    int station;
+    int locked;
+};
+
+// Asks for the station and reads its password state; nullopt when the person cancelled, there
+// is no link, or the read failed (its message already shown).
+std::optional<PasswordTarget> ChoosePasswordTarget(SessionState& session, ITransferWindows& windows) {
     const std::optional<int> station = AskStation(session);
     CDriveSerial* link = windows.Link();
-    if (!station || !link) return;
-    int locked = 0;
-    if (!ReadPasswordState(*link, *station, locked)) return;
+    if (!station || !link) return std::nullopt;
+    PasswordTarget target{link, *station, 0};
+    if (!ReadPasswordState(*link, *station, target.locked)) return std::nullopt;
+    return target;
+}
+
+}  // namespace
+
+void RunPasswordSet(SessionState& session, ITransferWindows& windows) {
+    const std::optional<PasswordTarget> target = ChoosePasswordTarget(session, windows);
+    if (!target) return;
+    CDriveSerial* link = target->link;
+    const int station = target->station;
+    int locked = target->locked;
 
     if (!locked) {
         const std::optional<QString> password = windows.AskPasswordSet();
-        if (password) SendNewPassword(*link, *station, Atoi(*password));
+        if (password) SendNewPassword(*link, station, Atoi(*password));
         return;
     }
     const std::optional<ChangePasswordEntry> change = windows.AskChangePassword();
     if (!change) return;
-    if (!SendUnlock(*link, *station, Atoi(change->oldPassword), kDisableError)) return;
-    if (!ReadPasswordState(*link, *station, locked)) return;
+    if (!SendUnlock(*link, station, Atoi(change->oldPassword), kDisableError)) return;
+    if (!ReadPasswordState(*link, station, locked)) return;
     if (locked) {
         Prompt().Message(Text(kDisableError));
         return;
     }
-    SendNewPassword(*link, *station, Atoi(change->newPassword));
+    SendNewPassword(*link, station, Atoi(change->newPassword));
 }
 
 void RunPasswordClear(SessionState& session, ITransferWindows& windows) {
-    const std::optional<int> station = AskStation(session);
-    CDriveSerial* link = windows.Link();
-    if (!station || !link) return;
-    int locked = 0;
-    if (!ReadPasswordState(*link, *station, locked)) return;
+    const std::optional<PasswordTarget> target = ChoosePasswordTarget(session, windows);
+    if (!target) return;
+    CDriveSerial* link = target->link;
+    const int station = target->station;
+    int locked = target->locked;
     if (!locked) {
         Prompt().Message(Text(kNoPassword));
         return;
     }
     const std::optional<QString> password = windows.AskPasswordInput();
     if (!password) return;
-    if (!SendUnlock(*link, *station, Atoi(*password), kSetFailure)) return;
-    if (!ReadPasswordState(*link, *station, locked)) return;
+    if (!SendUnlock(*link, station, Atoi(*password), kSetFailure)) return;
+    if (!ReadPasswordState(*link, station, locked)) return;
     if (locked) Prompt().Message(Text(kDisableError));
 }
 
