@@ -124,44 +124,42 @@ std::optional<PasswordTarget> ChoosePasswordTarget(SessionState& session, ITrans
 
 }  // namespace
 
+namespace {
+
+// Sends `password` to unlock the target's parameters and reads the state back: true when they
+// are open now. A failed send shows `sendFailure`; a drive still locked shows the disable error.
+bool Unlock(const PasswordTarget& target, const QString& password, const char* sendFailure) {
+    if (!SendUnlock(*target.link, target.station, Atoi(password), sendFailure)) return false;
+    int locked = 0;
+    if (!ReadPasswordState(*target.link, target.station, locked)) return false;
+    if (locked) Prompt().Message(Text(kDisableError));
+    return !locked;
+}
+
+}  // namespace
+
 void RunPasswordSet(SessionState& session, ITransferWindows& windows) {
     const std::optional<PasswordTarget> target = ChoosePasswordTarget(session, windows);
     if (!target) return;
-    CDriveSerial* link = target->link;
-    const int station = target->station;
-    int locked = target->locked;
-
-    if (!locked) {
+    if (!target->locked) {
         const std::optional<QString> password = windows.AskPasswordSet();
-        if (password) SendNewPassword(*link, station, Atoi(*password));
+        if (password) SendNewPassword(*target->link, target->station, Atoi(*password));
         return;
     }
     const std::optional<ChangePasswordEntry> change = windows.AskChangePassword();
-    if (!change) return;
-    if (!SendUnlock(*link, station, Atoi(change->oldPassword), kDisableError)) return;
-    if (!ReadPasswordState(*link, station, locked)) return;
-    if (locked) {
-        Prompt().Message(Text(kDisableError));
-        return;
-    }
-    SendNewPassword(*link, station, Atoi(change->newPassword));
+    if (!change || !Unlock(*target, change->oldPassword, kDisableError)) return;
+    SendNewPassword(*target->link, target->station, Atoi(change->newPassword));
 }
 
 void RunPasswordClear(SessionState& session, ITransferWindows& windows) {
     const std::optional<PasswordTarget> target = ChoosePasswordTarget(session, windows);
     if (!target) return;
-    CDriveSerial* link = target->link;
-    const int station = target->station;
-    int locked = target->locked;
-    if (!locked) {
+    if (!target->locked) {
         Prompt().Message(Text(kNoPassword));
         return;
     }
     const std::optional<QString> password = windows.AskPasswordInput();
-    if (!password) return;
-    if (!SendUnlock(*link, station, Atoi(*password), kSetFailure)) return;
-    if (!ReadPasswordState(*link, station, locked)) return;
-    if (locked) Prompt().Message(Text(kDisableError));
+    if (password) Unlock(*target, *password, kSetFailure);
 }
 
 }  // namespace quillon
