@@ -3,9 +3,9 @@
 #include "CliCommand.h"
 #include "CliPrompt.h"
 
+#include "base/Globals.h"
 #include "params/M330Doc.h"
 #include "params/ModelTable.h"
-#include "shell/Globals.h"
 
 namespace quillon::cli {
 

@@ -2,7 +2,7 @@
 // The command-line tool's prompt: messages go to stderr, questions are answered by the flags
 // the person gave (a fixed answer per kind), never by reading the terminal.
 
-#include "shell/Prompt.h"
+#include "base/Prompt.h"
 
 namespace quillon::cli {
 

@@ -4,10 +4,10 @@
 #include "CliCommand.h"
 #include "CliPrompt.h"
 
+#include "base/Globals.h"
+#include "base/TextTable.h"
 #include "params/M330Doc.h"
 #include "params/ProjectFile.h"
-#include "shell/Globals.h"
-#include "shell/TextTable.h"
 
 #include <cstdio>
 #include <stdexcept>

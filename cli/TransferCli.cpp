@@ -1,10 +1,10 @@
 #include "TransferCli.h"
 
+#include "base/Globals.h"
 #include "link/LineSettings.h"
 #include "link/ModbusFrame.h"
 #include "link/PortMap.h"
 #include "link/SearchProtocol.h"
-#include "shell/Globals.h"
 
 #include <QHostAddress>
 #include <QHostInfo>

@@ -3,9 +3,9 @@
 // the windows of the transfer as a terminal has them (a progress bar on stderr when stderr is a
 // terminal, the list of motor parameters left out as lines on stderr).
 
+#include "base/SessionState.h"
 #include "link/DriveSerial.h"
 #include "params/M330Doc.h"
-#include "shell/SessionState.h"
 #include "transfer/TransferWindows.h"
 
 #include <QString>

@@ -5,8 +5,8 @@
 #include "CliPrompt.h"
 #include "TransferCli.h"
 
+#include "base/Prompt.h"
 #include "params/ProjectFile.h"
-#include "shell/Prompt.h"
 #include "transfer/TransferCommands.h"
 
 #include <cstdio>

@@ -4,8 +4,8 @@
 #include "CliCommand.h"
 #include "CliPrompt.h"
 
-#include "shell/Globals.h"
-#include "shell/TextTable.h"
+#include "base/Globals.h"
+#include "base/TextTable.h"
 
 #include <QCoreApplication>
 #include <QTextStream>

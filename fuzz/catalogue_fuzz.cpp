@@ -1,6 +1,6 @@
 // PARAM.DAT reader: any bytes give groups or the range failure, never a crash.
+#include "base/TextFile.h"
 #include "params/CatalogueReader.h"
-#include "params/TextFile.h"
 
 #include <stdexcept>
 

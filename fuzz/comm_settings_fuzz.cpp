@@ -1,7 +1,7 @@
 // kcomfile.ini reader.
-#include "params/TextFile.h"
-#include "shell/CommSettings.h"
-#include "shell/Globals.h"
+#include "base/CommSettings.h"
+#include "base/Globals.h"
+#include "base/TextFile.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     quillon::ResetGlobals();

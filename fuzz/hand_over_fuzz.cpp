@@ -1,7 +1,7 @@
 // curfile.ini reader (a link hand-over, mode 2): any lines give settings, never a crash, and
 // the session's settings stay indices the connection dialog can show.
-#include "params/TextFile.h"
-#include "shell/Globals.h"
+#include "base/Globals.h"
+#include "base/TextFile.h"
 #include "shell/HandOver.h"
 
 #include <cstdio>

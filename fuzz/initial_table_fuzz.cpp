@@ -1,7 +1,7 @@
 // IntialParam.DAT reader and overlay: any table gives values or the range failure.
+#include "base/TextFile.h"
 #include "params/CatalogueReader.h"
 #include "params/Overlays.h"
-#include "params/TextFile.h"
 
 #include <stdexcept>
 

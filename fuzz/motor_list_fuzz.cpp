@@ -1,6 +1,6 @@
 // R770MOTORPARAM.DAT reader.
+#include "base/TextFile.h"
 #include "params/CatalogueReader.h"
-#include "params/TextFile.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     quillon::ParseMotorList(

@@ -2,8 +2,8 @@
 // session reads back as the same session, each value as the file can hold it (a value can't end
 // in a carriage return, which the reader takes for part of the line's end), and writing it again
 // gives the same bytes.
+#include "base/TextFile.h"
 #include "link/PortSessionFile.h"
-#include "params/TextFile.h"
 
 #include <cstdio>
 #include <cstdlib>

@@ -3,13 +3,13 @@
 // What opens must survive a save and a second open: the file we write of it opens again and
 // gives back the same model, frequency class, graph curves, print titles, defaults and the set
 // value of every catalogue row.
+#include "base/Globals.h"
+#include "base/SessionState.h"
+#include "base/TextFile.h"
 #include "params/Archive.h"
 #include "params/CatalogueReader.h"
 #include "params/M330Doc.h"
 #include "params/ProjectFile.h"
-#include "params/TextFile.h"
-#include "shell/Globals.h"
-#include "shell/SessionState.h"
 
 #include <QFileInfo>
 #include <cstdio>

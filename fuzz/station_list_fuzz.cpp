@@ -1,8 +1,8 @@
 // Station list as typed in the connection dialog. Any text gives a list or a refusal with one
 // message, never a crash. An accepted list holds stations 0 to 32 once each, and the text the
 // status bar makes of it reads back as the same list.
+#include "base/Prompt.h"
 #include "link/StationList.h"
-#include "shell/Prompt.h"
 
 #include <algorithm>
 #include <cstdio>

@@ -1,8 +1,8 @@
 #include "sim/FactoryImage.h"
 
+#include "base/SessionState.h"
 #include "params/M330Doc.h"
 #include "params/ModelTable.h"
-#include "shell/SessionState.h"
 #include "transfer/ReadLayout.h"
 #include "transfer/WriteLayout.h"
 

@@ -1,6 +1,6 @@
 #include "editing/ModelLimits.h"
 
-#include "params/TextConv.h"
+#include "base/TextConv.h"
 
 #include <array>
 

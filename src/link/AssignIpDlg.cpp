@@ -1,6 +1,6 @@
 #include "link/AssignIpDlg.h"
 
-#include "shell/ErrorReport.h"
+#include "base/ErrorReport.h"
 #include "ui/IpAddressEdit.h"
 
 #include <QDialogButtonBox>

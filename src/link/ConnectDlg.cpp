@@ -1,13 +1,13 @@
 #include "link/ConnectDlg.h"
 
+#include "base/ErrorReport.h"
+#include "base/Globals.h"
+#include "base/Prompt.h"
 #include "link/AssignIpDlg.h"
 #include "link/LinkSession.h"
 #include "link/PortMap.h"
 #include "link/SearchProtocol.h"
 #include "link/SetIpDlg.h"
-#include "shell/ErrorReport.h"
-#include "shell/Globals.h"
-#include "shell/Prompt.h"
 #include "ui/WaitCursor.h"
 
 #include <QButtonGroup>

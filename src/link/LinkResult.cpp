@@ -1,6 +1,6 @@
 #include "link/LinkResult.h"
 
-#include "shell/Prompt.h"
+#include "base/Prompt.h"
 
 #include <array>
 

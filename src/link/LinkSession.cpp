@@ -1,17 +1,17 @@
 #include "link/LinkSession.h"
 
+#include "base/CommSettings.h"
+#include "base/Globals.h"
+#include "base/Prompt.h"
+#include "base/StatusPanes.h"
+#include "base/TextConv.h"
+#include "base/TextTable.h"
 #include "link/ModbusFrame.h"
 #include "link/ModuleList.h"
 #include "link/RegisterReaders.h"
 #include "link/Registers.h"
 #include "link/StationList.h"
 #include "params/ModelTable.h"
-#include "params/TextConv.h"
-#include "shell/CommSettings.h"
-#include "shell/Globals.h"
-#include "shell/Prompt.h"
-#include "shell/StatusPanes.h"
-#include "shell/TextTable.h"
 
 #include <algorithm>
 #include <array>

@@ -7,8 +7,8 @@
 // Everything here runs on the interface thread and blocks it for the length of its
 // transactions, at most the link's response time-out for each frame.
 
+#include "base/SessionState.h"
 #include "link/DriveSerial.h"
-#include "shell/SessionState.h"
 
 #include <QString>
 #include <functional>

@@ -1,6 +1,6 @@
 #include "link/PortMap.h"
 
-#include "shell/Globals.h"
+#include "base/Globals.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -1,8 +1,8 @@
 #include "link/PortSessionFile.h"
 
-#include "params/TextConv.h"
-#include "params/TextFile.h"
-#include "shell/Globals.h"
+#include "base/Globals.h"
+#include "base/TextConv.h"
+#include "base/TextFile.h"
 
 #include <QDir>
 #include <QSaveFile>

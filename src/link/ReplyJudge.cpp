@@ -1,6 +1,6 @@
 #include "link/ReplyJudge.h"
 
-#include "shell/Prompt.h"
+#include "base/Prompt.h"
 
 namespace quillon {
 namespace {

@@ -1,6 +1,6 @@
 #include "link/SetIpDlg.h"
 
-#include "shell/ErrorReport.h"
+#include "base/ErrorReport.h"
 #include "ui/IpAddressEdit.h"
 
 #include <QApplication>

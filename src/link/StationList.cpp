@@ -1,7 +1,7 @@
 #include "link/StationList.h"
 
-#include "params/TextConv.h"
-#include "shell/Prompt.h"
+#include "base/Prompt.h"
+#include "base/TextConv.h"
 
 #include <QStringList>
 #include <algorithm>

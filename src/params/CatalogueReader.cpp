@@ -1,6 +1,6 @@
 #include "params/CatalogueReader.h"
 
-#include "params/TextConv.h"
+#include "base/TextConv.h"
 
 namespace quillon {
 namespace {

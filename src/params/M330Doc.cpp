@@ -1,11 +1,11 @@
 #include "params/M330Doc.h"
 
+#include "base/Globals.h"
+#include "base/Prompt.h"
+#include "base/TextFile.h"
+#include "base/TextTable.h"
 #include "params/CatalogueReader.h"
 #include "params/Overlays.h"
-#include "params/TextFile.h"
-#include "shell/Globals.h"
-#include "shell/Prompt.h"
-#include "shell/TextTable.h"
 
 namespace quillon {
 

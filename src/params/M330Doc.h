@@ -4,8 +4,8 @@
 // New and Open replace it whole. The model, frequency class and program directory belong to the
 // session and are read from it.
 
+#include "base/SessionState.h"
 #include "params/ParamTypes.h"
-#include "shell/SessionState.h"
 
 #include <QString>
 #include <vector>

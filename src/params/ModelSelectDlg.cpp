@@ -1,6 +1,6 @@
 #include "params/ModelSelectDlg.h"
 
-#include "shell/ErrorReport.h"
+#include "base/ErrorReport.h"
 
 #include <QComboBox>
 #include <QDialogButtonBox>

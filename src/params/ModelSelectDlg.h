@@ -2,9 +2,9 @@
 // "Model Select": the person picks the drive model and the mains frequency for a new project.
 // The models and their descriptions come from R770.SPE beside the program.
 
+#include "base/SessionState.h"
 #include "params/ModelSpec.h"
 #include "params/ParamTypes.h"
-#include "shell/SessionState.h"
 
 #include <QDialog>
 

@@ -1,7 +1,7 @@
 #include "params/ModelSpec.h"
 
-#include "params/TextFile.h"
-#include "shell/TextTable.h"
+#include "base/TextFile.h"
+#include "base/TextTable.h"
 
 namespace quillon {
 

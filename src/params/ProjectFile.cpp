@@ -1,10 +1,10 @@
 #include "params/ProjectFile.h"
 
+#include "base/Globals.h"
+#include "base/TextFile.h"
+#include "base/TextTable.h"
 #include "params/Archive.h"
 #include "params/ModelTable.h"
-#include "params/TextFile.h"
-#include "shell/Globals.h"
-#include "shell/TextTable.h"
 
 #include <QSaveFile>
 

@@ -6,6 +6,4 @@ target_sources(quillon_core PRIVATE
   ${CMAKE_CURRENT_LIST_DIR}/ModelTable.cpp
   ${CMAKE_CURRENT_LIST_DIR}/Overlays.cpp
   ${CMAKE_CURRENT_LIST_DIR}/ProjectFile.cpp
-  ${CMAKE_CURRENT_LIST_DIR}/TextConv.cpp
-  ${CMAKE_CURRENT_LIST_DIR}/TextFile.cpp
 )

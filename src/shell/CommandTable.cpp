@@ -1,7 +1,7 @@
 #include "shell/CommandTable.h"
 
+#include "base/TextTable.h"
 #include "shell/CommandIds.h"
-#include "shell/TextTable.h"
 
 #include <array>
 

@@ -1,15 +1,15 @@
 #include "shell/HandOver.h"
 
+#include "base/CommSettings.h"
+#include "base/Globals.h"
+#include "base/Prompt.h"
+#include "base/StatusPanes.h"
+#include "base/TextConv.h"
+#include "base/TextFile.h"
+#include "base/TextTable.h"
 #include "link/LinkSession.h"
 #include "link/RegisterReaders.h"
-#include "params/TextConv.h"
-#include "params/TextFile.h"
-#include "shell/CommSettings.h"
-#include "shell/Globals.h"
 #include "shell/ProjectCommands.h"
-#include "shell/Prompt.h"
-#include "shell/StatusPanes.h"
-#include "shell/TextTable.h"
 
 #include <QDir>
 #include <QFile>

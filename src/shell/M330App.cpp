@@ -1,9 +1,9 @@
 #include "shell/M330App.h"
 
+#include "base/CommSettings.h"
+#include "base/Globals.h"
 #include "shell/AboutDlg.h"
-#include "shell/CommSettings.h"
 #include "shell/CommandIds.h"
-#include "shell/Globals.h"
 #include "shell/HandOver.h"
 #include "shell/MainFrame.h"
 #include "shell/StartupArgs.h"

@@ -3,8 +3,8 @@
 // "Set Value". It shows the group the session names (all groups 00 to 13, one group, or the
 // simplified group) and marks the rows whose set value changed since the last refresh.
 
+#include "base/SessionState.h"
 #include "params/M330Doc.h"
-#include "shell/SessionState.h"
 
 #include <QTableWidget>
 

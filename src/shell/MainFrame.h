@@ -5,12 +5,12 @@
 // the project tree, and routes the commands: each command id goes to one handler, and its enable
 // and check state comes from the command table.
 
+#include "base/SessionState.h"
 #include "link/LinkSession.h"
 #include "params/M330Doc.h"
 #include "shell/ChildFrame.h"
 #include "shell/MenuLayout.h"
 #include "shell/ProjectCommands.h"
-#include "shell/SessionState.h"
 
 #include <QMainWindow>
 #include <QPointer>

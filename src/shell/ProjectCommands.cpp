@@ -1,12 +1,12 @@
 #include "shell/ProjectCommands.h"
 
+#include "base/Globals.h"
+#include "base/PathName.h"
+#include "base/Prompt.h"
+#include "base/StatusPanes.h"
+#include "base/TextTable.h"
 #include "params/ModelTable.h"
 #include "params/ProjectFile.h"
-#include "shell/Globals.h"
-#include "shell/PathName.h"
-#include "shell/Prompt.h"
-#include "shell/StatusPanes.h"
-#include "shell/TextTable.h"
 
 namespace quillon {
 namespace {

@@ -7,9 +7,9 @@
 // The logic owns the document and needs no widget: the windows it acts on are reached through
 // IProjectWindows, every question through the prompt seam.
 
+#include "base/SessionState.h"
 #include "params/M330Doc.h"
 #include "shell/RecentFileList.h"
-#include "shell/SessionState.h"
 
 #include <QString>
 #include <memory>

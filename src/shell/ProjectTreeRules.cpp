@@ -1,6 +1,6 @@
 #include "shell/ProjectTreeRules.h"
 
-#include "shell/TextTable.h"
+#include "base/TextTable.h"
 
 namespace quillon {
 

@@ -1,8 +1,8 @@
 #include "transfer/AutoRefresh.h"
 
+#include "base/Prompt.h"
+#include "base/SessionState.h"
 #include "params/M330Doc.h"
-#include "shell/Prompt.h"
-#include "shell/SessionState.h"
 #include "transfer/TransferCommands.h"
 #include "transfer/TransferWindows.h"
 

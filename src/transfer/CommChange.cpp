@@ -1,16 +1,16 @@
 #include "transfer/CommChange.h"
 
+#include "base/Globals.h"
+#include "base/Prompt.h"
+#include "base/SessionState.h"
+#include "base/TextConv.h"
+#include "base/TextTable.h"
 #include "link/DriveSerial.h"
 #include "link/LineSettings.h"
 #include "link/ModbusFrame.h"
 #include "link/RegisterReaders.h"
 #include "link/Registers.h"
 #include "link/StationList.h"
-#include "params/TextConv.h"
-#include "shell/Globals.h"
-#include "shell/Prompt.h"
-#include "shell/SessionState.h"
-#include "shell/TextTable.h"
 #include "transfer/TransferWindows.h"
 
 #include <algorithm>

@@ -1,12 +1,12 @@
 #include "transfer/GroupWrite.h"
 
+#include "base/SessionState.h"
+#include "base/TextConv.h"
 #include "link/DriveSerial.h"
 #include "link/ModbusFrame.h"
 #include "link/RegisterReaders.h"
 #include "link/ReplyJudge.h"
 #include "params/M330Doc.h"
-#include "params/TextConv.h"
-#include "shell/SessionState.h"
 
 #include <algorithm>
 #include <cmath>

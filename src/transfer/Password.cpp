@@ -1,12 +1,12 @@
 #include "transfer/Password.h"
 
+#include "base/Prompt.h"
+#include "base/SessionState.h"
+#include "base/TextConv.h"
 #include "link/DriveSerial.h"
 #include "link/ModbusFrame.h"
 #include "link/RegisterReaders.h"
 #include "link/Registers.h"
-#include "params/TextConv.h"
-#include "shell/Prompt.h"
-#include "shell/SessionState.h"
 #include "transfer/TransferCommands.h"
 #include "transfer/TransferWindows.h"
 

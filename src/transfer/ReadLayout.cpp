@@ -1,7 +1,7 @@
 #include "transfer/ReadLayout.h"
 
+#include "base/TextConv.h"
 #include "params/ModelTable.h"
-#include "params/TextConv.h"
 
 #include <algorithm>
 #include <array>

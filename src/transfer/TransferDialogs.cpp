@@ -1,9 +1,9 @@
 #include "transfer/TransferDialogs.h"
 
-#include "params/TextConv.h"
-#include "shell/ErrorReport.h"
-#include "shell/Prompt.h"
-#include "shell/SessionState.h"
+#include "base/ErrorReport.h"
+#include "base/Prompt.h"
+#include "base/SessionState.h"
+#include "base/TextConv.h"
 #include "transfer/Password.h"
 #include "transfer/TransmitStations.h"
 

@@ -1,12 +1,12 @@
 #include "transfer/TransferUi.h"
 
+#include "base/ErrorReport.h"
+#include "base/Prompt.h"
+#include "base/TextTable.h"
 #include "link/LinkSession.h"
 #include "shell/CommandIds.h"
-#include "shell/ErrorReport.h"
 #include "shell/M330View.h"
 #include "shell/MainFrame.h"
-#include "shell/Prompt.h"
-#include "shell/TextTable.h"
 #include "transfer/TransferDialogs.h"
 
 #include <QTimer>

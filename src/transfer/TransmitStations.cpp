@@ -1,8 +1,8 @@
 #include "transfer/TransmitStations.h"
 
+#include "base/Prompt.h"
 #include "link/ModbusFrame.h"
 #include "link/StationList.h"
-#include "shell/Prompt.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #include "transfer/WriteLayout.h"
 
-#include "params/TextConv.h"
+#include "base/TextConv.h"
 
 #include <algorithm>
 #include <array>

@@ -2,7 +2,7 @@
 // The desktop's prompt: message boxes, file dialogs and the station chooser, all modal on the
 // main window.
 
-#include "shell/Prompt.h"
+#include "base/Prompt.h"
 
 class QWidget;
 

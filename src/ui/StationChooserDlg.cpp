@@ -1,6 +1,6 @@
 #include "ui/StationChooserDlg.h"
 
-#include "params/TextConv.h"
+#include "base/TextConv.h"
 
 #include <QComboBox>
 #include <QDialogButtonBox>

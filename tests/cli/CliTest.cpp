@@ -1,6 +1,6 @@
 // quillon-cli as a person runs it: output, messages and exit codes.
 
-#include "params/TextFile.h"
+#include "base/TextFile.h"
 #include "support/ProgramRun.h"
 #include "support/TestDirs.h"
 

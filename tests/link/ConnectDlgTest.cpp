@@ -5,6 +5,7 @@
 
 #include "LinkTestSupport.h"
 #include "SimModule.h"
+#include "base/Globals.h"
 #include "link/AssignIpDlg.h"
 #include "link/ConnectDlg.h"
 #include "link/DeviceSearch.h"
@@ -13,7 +14,6 @@
 #include "link/Registers.h"
 #include "link/SetIpDlg.h"
 #include "shell/CommandIds.h"
-#include "shell/Globals.h"
 #include "support/AppSession.h"
 #include "support/NetNamespace.h"
 #include "support/ScriptedPrompt.h"

@@ -3,10 +3,10 @@
 // recorder, and a simulated bus behind every port name.
 
 #include "LinkTestSupport.h"
+#include "base/Globals.h"
+#include "base/StatusPanes.h"
 #include "link/ChannelFactory.h"
 #include "link/LinkSession.h"
-#include "shell/Globals.h"
-#include "shell/StatusPanes.h"
 #include "sim/SimChannel.h"
 #include "support/ScriptedPrompt.h"
 #include "support/TestDirs.h"

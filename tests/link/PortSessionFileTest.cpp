@@ -1,9 +1,9 @@
 // PZ4comfile.ini and the module list it names: the format, where it is looked for, and how
 // names found there and given by a person reach the records and the file.
 
+#include "base/Globals.h"
 #include "link/ModuleList.h"
 #include "link/PortSessionFile.h"
-#include "shell/Globals.h"
 #include "support/TestDirs.h"
 
 #include <QFile>

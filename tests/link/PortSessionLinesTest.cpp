@@ -1,8 +1,8 @@
 // PZ4comfile.ini holds one value a line. Values that a line can't hold as they are (a line feed
 // inside, a carriage return at the end) must not move the lines behind them.
 
+#include "base/TextFile.h"
 #include "link/PortSessionFile.h"
-#include "params/TextFile.h"
 
 #include <gtest/gtest.h>
 

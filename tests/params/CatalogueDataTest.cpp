@@ -2,12 +2,12 @@
 // R770MOTORPARAM.DAT, R770.SPE) with the register layout, the parameter pages and each other.
 // The files are loaded through the real readers, from the copies beside the test executable.
 
+#include "base/SessionState.h"
+#include "base/TextConv.h"
+#include "base/TextTable.h"
 #include "params/M330Doc.h"
 #include "params/ModelSpec.h"
 #include "params/ModelTable.h"
-#include "params/TextConv.h"
-#include "shell/SessionState.h"
-#include "shell/TextTable.h"
 #include "support/TestDirs.h"
 #include "transfer/ReadLayout.h"
 #include "transfer/WriteLayout.h"

@@ -1,9 +1,9 @@
 // A project document brought to life from the real data files.
 
+#include "base/Globals.h"
+#include "base/TextFile.h"
+#include "base/TextTable.h"
 #include "params/M330Doc.h"
-#include "params/TextFile.h"
-#include "shell/Globals.h"
-#include "shell/TextTable.h"
 #include "support/ScriptedPrompt.h"
 #include "support/TestDirs.h"
 

@@ -1,11 +1,11 @@
 // The project file: files written by hand from the format's field table, files written by the
 // program and read back, and damaged files.
 
+#include "base/Globals.h"
+#include "base/TextTable.h"
 #include "params/Archive.h"
 #include "params/ModelTable.h"
 #include "params/ProjectFile.h"
-#include "shell/Globals.h"
-#include "shell/TextTable.h"
 #include "support/ScriptedPrompt.h"
 #include "support/TestDirs.h"
 

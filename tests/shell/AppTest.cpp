@@ -1,9 +1,9 @@
 // The application object: start-up order, the command line, and the last-resort handler that
 // keeps the session alive when a handler fails.
 
-#include "shell/CommSettings.h"
-#include "shell/ErrorReport.h"
-#include "shell/Globals.h"
+#include "base/CommSettings.h"
+#include "base/ErrorReport.h"
+#include "base/Globals.h"
 #include "shell/M330App.h"
 #include "shell/MainFrame.h"
 #include "support/ScriptedPrompt.h"

@@ -1,14 +1,14 @@
 // The rules the main frame applies without a window: command enable and check states, status
 // pane widths, the project tree's items and clicks, the lines of the parameter list.
 
+#include "base/PathName.h"
+#include "base/StatusPanes.h"
+#include "base/TextTable.h"
 #include "shell/CommandIds.h"
 #include "shell/CommandTable.h"
 #include "shell/MenuLayout.h"
 #include "shell/ParamList.h"
-#include "shell/PathName.h"
 #include "shell/ProjectTreeRules.h"
-#include "shell/StatusPanes.h"
-#include "shell/TextTable.h"
 #include "support/TestDirs.h"
 
 #include <gtest/gtest.h>

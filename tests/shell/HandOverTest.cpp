@@ -2,12 +2,12 @@
 // dialog, a project opened, and files that ask for nothing or hold junk.
 
 #include "LinkTestSupport.h"
+#include "base/Globals.h"
 #include "link/PortMap.h"
 #include "link/RegisterReaders.h"
 #include "params/M330Doc.h"
 #include "params/ProjectFile.h"
 #include "shell/ChildFrame.h"
-#include "shell/Globals.h"
 #include "shell/HandOver.h"
 #include "shell/ProjectTree.h"
 #include "support/AppSession.h"

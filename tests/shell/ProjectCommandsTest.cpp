@@ -1,10 +1,10 @@
 // The File commands in their order of steps, with a scripted prompt and a stand-in for the
 // frame's windows that records what was done to them.
 
+#include "base/Globals.h"
+#include "base/StatusPanes.h"
 #include "params/ProjectFile.h"
-#include "shell/Globals.h"
 #include "shell/ProjectCommands.h"
-#include "shell/StatusPanes.h"
 #include "support/ScriptedPrompt.h"
 #include "support/TestDirs.h"
 

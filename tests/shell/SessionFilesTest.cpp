@@ -1,7 +1,7 @@
 // kcomfile.ini, the recent-project list and the command line.
 
-#include "shell/CommSettings.h"
-#include "shell/Globals.h"
+#include "base/CommSettings.h"
+#include "base/Globals.h"
 #include "shell/RecentFileList.h"
 #include "shell/StartupArgs.h"
 

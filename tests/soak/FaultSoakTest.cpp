@@ -15,6 +15,10 @@
 
 #include "LinkTestSupport.h"
 
+#include "base/Globals.h"
+#include "base/Prompt.h"
+#include "base/SessionState.h"
+#include "base/StatusPanes.h"
 #include "link/Channel.h"
 #include "link/ChannelFactory.h"
 #include "link/DriveSerial.h"
@@ -23,10 +27,6 @@
 #include "link/Registers.h"
 #include "params/M330Doc.h"
 #include "params/ProjectFile.h"
-#include "shell/Globals.h"
-#include "shell/Prompt.h"
-#include "shell/SessionState.h"
-#include "shell/StatusPanes.h"
 #include "sim/ChildProcess.h"
 #include "support/ScopedEnv.h"
 #include "support/TestDirs.h"

@@ -1,8 +1,8 @@
 #include "support/AppSession.h"
 
+#include "base/Globals.h"
 #include "params/ModelSelectDlg.h"
 #include "shell/CommandIds.h"
-#include "shell/Globals.h"
 #include "support/WidgetTestSupport.h"
 
 #include <QComboBox>

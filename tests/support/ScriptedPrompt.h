@@ -2,7 +2,7 @@
 // A prompt for tests: records every text the program shows or asks, answers from a queue the
 // test fills, and fails the test on a question nobody expected.
 
-#include "shell/Prompt.h"
+#include "base/Prompt.h"
 
 #include <QString>
 #include <QStringList>

@@ -2,9 +2,9 @@
 // project files and exit codes.
 
 #include "LinkTestSupport.h"
+#include "base/Globals.h"
 #include "params/M330Doc.h"
 #include "params/ProjectFile.h"
-#include "shell/Globals.h"
 #include "sim/ChildProcess.h"
 #include "support/ProgramRun.h"
 #include "support/TestDirs.h"

@@ -2,9 +2,9 @@
 
 #include "TransferFixture.h"
 
+#include "base/Globals.h"
 #include "link/ModbusFrame.h"
 #include "link/Registers.h"
-#include "shell/Globals.h"
 #include "transfer/CommChange.h"
 
 namespace quillon::test {

@@ -2,10 +2,10 @@
 
 #include "TransferFixture.h"
 
+#include "base/StatusPanes.h"
 #include "link/ModbusFrame.h"
 #include "link/Registers.h"
 #include "params/ModelTable.h"
-#include "shell/StatusPanes.h"
 #include "transfer/GroupRead.h"
 #include "transfer/TransferCommands.h"
 

@@ -1,7 +1,7 @@
 #include "TransferFixture.h"
 
+#include "base/Globals.h"
 #include "link/ModbusFrame.h"
-#include "shell/Globals.h"
 #include "support/TestDirs.h"
 
 #include <algorithm>

@@ -6,10 +6,10 @@
 // is in the line's record (Sent()).
 
 #include "LinkTestSupport.h"
+#include "base/SessionState.h"
 #include "link/ChannelFactory.h"
 #include "link/DriveSerial.h"
 #include "params/M330Doc.h"
-#include "shell/SessionState.h"
 #include "sim/SimChannel.h"
 #include "support/ScriptedPrompt.h"
 #include "transfer/TransferWindows.h"

@@ -2,12 +2,12 @@
 // simulated drive.
 
 #include "LinkTestSupport.h"
+#include "base/Globals.h"
+#include "base/StatusPanes.h"
+#include "base/TextTable.h"
 #include "link/ChannelFactory.h"
 #include "shell/CommandIds.h"
-#include "shell/Globals.h"
 #include "shell/MainFrame.h"
-#include "shell/StatusPanes.h"
-#include "shell/TextTable.h"
 #include "sim/SimChannel.h"
 #include "support/AppSession.h"
 #include "support/ScriptedPrompt.h"

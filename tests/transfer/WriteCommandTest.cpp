@@ -2,10 +2,10 @@
 
 #include "TransferFixture.h"
 
+#include "base/TextConv.h"
+#include "base/TextTable.h"
 #include "link/ModbusFrame.h"
 #include "link/Registers.h"
-#include "params/TextConv.h"
-#include "shell/TextTable.h"
 #include "transfer/GroupRead.h"
 #include "transfer/GroupWrite.h"
 #include "transfer/TransferCommands.h"

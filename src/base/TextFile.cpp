@@ -1,4 +1,4 @@
-#include "params/TextFile.h"
+#include "base/TextFile.h"
 
 #include <QFile>
 

@@ -1,4 +1,4 @@
-#include "params/TextConv.h"
+#include "base/TextConv.h"
 
 #include <charconv>
 #include <climits>

@@ -1,4 +1,4 @@
-#include "shell/Globals.h"
+#include "base/Globals.h"
 
 namespace quillon {
 

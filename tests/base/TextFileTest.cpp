@@ -1,6 +1,6 @@
 // Reading the data files beside the program: whole files, the size limit, and what a read costs.
 
-#include "params/TextFile.h"
+#include "base/TextFile.h"
 
 #include <QFile>
 #include <QTemporaryDir>

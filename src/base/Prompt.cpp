@@ -1,4 +1,4 @@
-#include "shell/Prompt.h"
+#include "base/Prompt.h"
 
 #include <cstdio>
 

@@ -1,6 +1,6 @@
-#include "shell/ErrorReport.h"
+#include "base/ErrorReport.h"
 
-#include "shell/Prompt.h"
+#include "base/Prompt.h"
 
 #include <QString>
 

@@ -3,7 +3,7 @@
 // and its stations, which groups the view shows. The main frame owns one; the document and the
 // command logic read and change it without needing a window.
 
-#include "shell/GraphSettings.h"
+#include "base/GraphSettings.h"
 
 #include <QString>
 #include <vector>

@@ -1,4 +1,4 @@
-#include "shell/PathName.h"
+#include "base/PathName.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
-#include "shell/GraphSettings.h"
+#include "base/GraphSettings.h"
 
-#include "shell/TextTable.h"
+#include "base/TextTable.h"
 
 namespace quillon {
 

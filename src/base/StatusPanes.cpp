@@ -1,4 +1,4 @@
-#include "shell/StatusPanes.h"
+#include "base/StatusPanes.h"
 
 namespace quillon {
 namespace {

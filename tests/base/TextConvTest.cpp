@@ -1,6 +1,6 @@
 // Lenient text-to-number conversions of display values.
 
-#include "params/TextConv.h"
+#include "base/TextConv.h"
 
 #include <clocale>
 #include <gtest/gtest.h>
