@@ -4,10 +4,12 @@
 
 #include <QStringList>
 #include <QTextStream>
+#include <memory>
 #include <span>
 
 namespace quillon {
 class CM330Doc;
+struct SessionState;
 }
 
 namespace quillon::cli {
@@ -32,11 +34,18 @@ int UsageError(const QString& message);
 // reported through `error`.
 std::optional<QString> OptionValue(const QStringList& args, const QString& name, QString& error);
 
+int RunCompare(const QStringList& args, QTextStream& out);
+int RunPrint(const QStringList& args, QTextStream& out);
 int RunCatalogue(const QStringList& args, QTextStream& out);
 int RunDump(const QStringList& args, QTextStream& out);
 int RunIdentify(const QStringList& args, QTextStream& out);
 int RunRead(const QStringList& args, QTextStream& out);
 int RunWrite(const QStringList& args, QTextStream& out);
+
+// A project file opened the way the program opens it, for `command`; nullptr after the reason on
+// stderr. `version` receives the file's version field.
+std::unique_ptr<CM330Doc> OpenProjectFile(const char* command, const QString& path,
+                                          SessionState& session, qint32* version = nullptr);
 
 // The rows of a document, one a line: group, row, exists, code, default, set value (tab-separated).
 void PrintRows(const CM330Doc& doc, QTextStream& out);

@@ -6,7 +6,7 @@
 namespace quillon::cli {
 
 std::span<const CliCommand> Commands() {
-    static const std::array<CliCommand, 5> kCommands{{
+    static const std::array<CliCommand, 7> kCommands{{
         {"catalogue", "--model CODE [--freq 0|1]",
          "print the rows of a new project for a model: group, row, exists, code, default, set value",
          &RunCatalogue},
@@ -32,6 +32,14 @@ std::span<const CliCommand> Commands() {
          "write a project to a drive with the Write command's guards; questions are answered "
          "No unless --yes",
          &RunWrite},
+        {"compare",
+         "FILE.qpj [--mode 0|1|2] [(--port COMn | --tcp HOST[:PORT]) --station N] [--baud B] "
+         "[-o OUT.txt] [--timing]",
+         "the rows whose values differ, as the compare window saves them (0 default/set, 1 "
+         "default/read, 2 set/read; 1 and 2 read the drive first)",
+         &RunCompare},
+        {"print", "FILE.qpj -o OUT.pdf [--timing]",
+         "the printed parameter list of a project as a PDF file", &RunPrint},
     }};
     return kCommands;
 }

@@ -10,19 +10,10 @@
 #include "params/ProjectFile.h"
 
 #include <cstdio>
-#include <stdexcept>
 
 namespace quillon::cli {
 
 CliPrompt& TheCliPrompt();
-
-namespace {
-int Failed(const QString& path, const QString& why) {
-    std::fprintf(stderr, "quillon-cli: dump: %s: %s\n", path.toUtf8().constData(),
-                 why.toUtf8().constData());
-    return kExitFailed;
-}
-}  // namespace
 
 int RunDump(const QStringList& args, QTextStream& out) {
     if (args.size() != 1 || args[0].startsWith(QLatin1String("--")))
@@ -32,20 +23,13 @@ int RunDump(const QStringList& args, QTextStream& out) {
     SessionState session;
     session.m_strAppDir = g_strAppDir;
     const int messagesBefore = TheCliPrompt().MessageCount();
-    CM330Doc doc(session);
-    ProjectOpenResult result;
-    try {
-        result = OpenProjectDocument(doc, path);
-    } catch (const std::out_of_range&) {
-        return Failed(path,
-                      QStringLiteral("the file keeps values for rows the catalogue beside the "
-                                     "program doesn't have"));
-    }
-    if (!result.ok) return Failed(path, result.error);
-    if (result.version > kProjectFileVersion) return Failed(path, doc.m_strLoadError);
+    qint32 version = 0;
+    const std::unique_ptr<CM330Doc> opened = OpenProjectFile("dump", path, session, &version);
+    if (!opened) return kExitFailed;
+    const CM330Doc& doc = *opened;
 
     const GraphSettings& graph = session.m_graphSettings;
-    out << "version\t" << result.version << '\n'
+    out << "version\t" << version << '\n'
         << "model\t" << session.m_nModelCode << '\t' << session.m_strModelName << '\n'
         << "freq\t" << session.m_nFreqClass << '\n'
         << "title\t" << doc.m_printTitles.m_strTitle << '\n'

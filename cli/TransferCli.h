@@ -49,6 +49,11 @@ private:
     std::vector<Exchange> m_exchanges;
 };
 
+// What a command took against what the line needs for the same frames at the same baud rate
+// (the bytes both ways, the silence that ends each request, the drive's turnaround), on stderr:
+// "timing: frames N, <what> S s, wire minimum W s, ratio R".
+void PrintWireTiming(const CNotedLink& link, int baud, const char* what, double seconds);
+
 // Opens `link` as the options say; false with the reason on stderr.
 bool OpenLink(const QString& command, const LinkOptions& options, CDriveSerial& link);
 

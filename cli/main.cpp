@@ -8,10 +8,13 @@
 #include "base/TextTable.h"
 
 #include <QCoreApplication>
+#include <QGuiApplication>
 #include <QTextStream>
 #include <cstdio>
 #include <exception>
+#include <memory>
 #include <stdexcept>
+#include <string_view>
 
 namespace quillon::cli {
 
@@ -36,7 +39,15 @@ void PrintHelp(QTextStream& out) {
 int main(int argc, char** argv) {
     using namespace quillon;
     using namespace quillon::cli;
-    QCoreApplication app(argc, argv);
+    // Printing lays out text in real fonts, which takes a GUI application; without a display it
+    // runs on the offscreen platform. Every other command stays a plain console program.
+    const bool printing = argc > 1 && std::string_view(argv[1]) == "print";
+    if (printing && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    const std::unique_ptr<QCoreApplication> application =
+        printing ? std::make_unique<QGuiApplication>(argc, argv)
+                 : std::make_unique<QCoreApplication>(argc, argv);
+    QCoreApplication& app = *application;
     g_strAppDir = QCoreApplication::applicationDirPath() + u'/';
     ScopedPrompt prompt(TheCliPrompt());
 

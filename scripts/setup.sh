@@ -13,6 +13,7 @@ PACKAGES=(
   # tests and independent protocol peers
   libgtest-dev libgmock-dev libmodbus-dev python3 python3-pymodbus python3-serial python3-serial-asyncio
   socat python3-openpyxl
+  poppler-utils
   # a real window without a display
   xvfb xauth
 )

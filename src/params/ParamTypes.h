@@ -22,6 +22,11 @@ struct ParamRow {
     int m_bExists = 0;       // 1: row stands in the catalogue, 0: gap row
 };
 
+// A row's list text stands in its code text from the seventh character on: "00-11 Initial ..."
+// and "F05   Frequency ..." alike. Compare, print and export show it.
+inline constexpr int kListTextColumn = 6;
+inline QString ListText(const ParamRow& row) { return row.m_strCode.mid(kListTextColumn); }
+
 struct ParamGroup {
     QString m_strName;
     std::vector<ParamRow> m_rows;  // index equals the row number

@@ -4,6 +4,7 @@
 #include "base/Prompt.h"
 #include "base/StatusPanes.h"
 #include "base/TextTable.h"
+#include "exchange/PrintUi.h"
 #include "link/ConnectDlg.h"
 #include "params/ModelSelectDlg.h"
 #include "params/ProjectFile.h"
@@ -78,6 +79,7 @@ CMainFrame::CMainFrame(CRecentFileList& recent, QWidget* parent)
     CreateMenus();
     InstallBuiltInHandlers();
     InstallTransferCommands(*this);
+    InstallPrintAndCompareCommands(*this);
     setAcceptDrops(true);
 
     m_uiTimer = new QTimer(this);

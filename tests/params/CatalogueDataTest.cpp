@@ -294,9 +294,12 @@ TEST(CatalogueData, FifteenGroupsInOrderWithNamedRows) {
                 EXPECT_EQ(Str(row.m_strDefault), "0") << Str(code);
                 continue;
             }
-            // code, one blank, the list text; then the display name
-            EXPECT_EQ(row.m_strCode.mid(code.size(), 1), " ") << Str(row.m_strCode);
-            EXPECT_FALSE(row.m_strCode.mid(code.size() + 1).trimmed().isEmpty()) << Str(code);
+            // the code padded with blanks to the seventh character, where the list text that
+            // compare, print and export show begins
+            EXPECT_EQ(row.m_strCode.mid(code.size(), kListTextColumn - code.size()).trimmed(), "")
+                << Str(row.m_strCode);
+            EXPECT_FALSE(ListText(row).isEmpty() || ListText(row).front().isSpace())
+                << Str(row.m_strCode);
             EXPECT_FALSE(row.m_strName.trimmed().isEmpty()) << Str(code);
             // texts travel unquoted through comma-separated exports
             EXPECT_FALSE(row.m_strCode.contains(u',') || row.m_strName.contains(u',')) << Str(code);
