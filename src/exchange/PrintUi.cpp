@@ -8,17 +8,39 @@
 #include "shell/CommandIds.h"
 #include "shell/MainFrame.h"
 
+#include <QAction>
 #include <QDateTime>
 #include <QPageSetupDialog>
 #include <QPrintDialog>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
+#include <QToolBar>
+#include <array>
 
 namespace quillon {
 namespace {
 
 bool HasPrinter() { return !QPrinterInfo::availablePrinterNames().isEmpty(); }
+
+// The preview's tool bar under the program's own names, with a Close at its end.
+void NamePreviewTools(QPrintPreviewDialog& preview) {
+    static const std::array<std::pair<const char*, const char*>, 5> kNames{{
+        {"Print", "&Print..."},
+        {"Next page", "&Next Page"},
+        {"Previous page", "&Prev Page"},
+        {"Zoom in", "Zoom &In"},
+        {"Zoom out", "Zoom &Out"},
+    }};
+    auto* tools = preview.findChild<QToolBar*>();
+    if (!tools) return;
+    for (QAction* action : tools->actions())
+        for (const auto& [qtName, name] : kNames)
+            if (action->text() == QLatin1String(qtName)) action->setText(QString::fromLatin1(name));
+    tools->addSeparator();
+    QAction* close = tools->addAction(QStringLiteral("Close"));
+    QObject::connect(close, &QAction::triggered, &preview, &QDialog::reject);
+}
 
 }  // namespace
 
@@ -55,6 +77,7 @@ void CPrintUi::OnPrintPreview() {
     if (!doc) return;
     QPrintPreviewDialog preview(m_printer.get(), &m_frame);
     preview.setObjectName(QStringLiteral("PrintPreview"));
+    NamePreviewTools(preview);
     // The foot carries the time the preview was opened, on every page alike.
     const QDateTime now = QDateTime::currentDateTime();
     connect(&preview, &QPrintPreviewDialog::paintRequested, &preview,

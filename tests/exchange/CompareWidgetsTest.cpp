@@ -2,6 +2,7 @@
 
 #include "exchange/CompareDlg.h"
 #include "exchange/CompareUi.h"
+#include "exchange/PrintLayout.h"
 #include "exchange/PrintTitleDlg.h"
 #include "exchange/PrintUi.h"
 #include "shell/CommandIds.h"
@@ -12,7 +13,10 @@
 #include <QFile>
 #include <QHeaderView>
 #include <QLineEdit>
+#include <QPrintPreviewDialog>
+#include <QPrintPreviewWidget>
 #include <QPrinter>
+#include <QToolBar>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTableWidget>
@@ -112,6 +116,20 @@ TEST(PrintWindows, TitleDialogCountsBytesAndTheCommandKeepsTheTitles) {
     EXPECT_EQ(t.m_strTitle, QString(10, QChar(0x6CF5)));
     EXPECT_EQ(t.m_strName, QString(25, u'n'));
     EXPECT_TRUE(frame.Document()->IsModified());
+
+    // Without a printer the preview still shows the pages, as a PDF file would hold them.
+    QStringList tools;
+    int pages = 0;
+    OnNextModal<QPrintPreviewDialog>([&](QPrintPreviewDialog& d) {
+        for (const QAction* a : d.findChild<QToolBar*>()->actions()) tools << a->text();
+        pages = d.findChild<QPrintPreviewWidget*>()->pageCount();
+        d.reject();
+    });
+    frame.OnCommand(CmdId::PrintPreview);
+    for (const char* name : {"&Print...", "&Next Page", "&Prev Page", "Zoom &In", "Zoom &Out", "Close"})
+        EXPECT_TRUE(tools.contains(name)) << name;
+    EXPECT_EQ(pages, ListPageCount(ListLines(*frame.Document())));
+    EXPECT_EQ(prompt.Messages().size(), 2);
 }
 
 }  // namespace
