@@ -23,17 +23,17 @@ double PixelsPerUnit(const PrintPage& page, const QPaintDevice& device) {
 
 }  // namespace
 
-QFont DeviceFont(const PrintFont& spec, double pixelsPerUnit, QPaintDevice* device) {
-    QFont font(QString::fromLatin1(spec.family));
-    const bool fixed = QByteArray(spec.family).startsWith("Courier");
+QFont DeviceFont(const PrintFont& wanted, double pixelsPerUnit, QPaintDevice* device) {
+    QFont font(QString::fromLatin1(wanted.family));
+    const bool fixed = QByteArray(wanted.family).startsWith("Courier");
     font.setStyleHint(fixed ? QFont::TypeWriter : QFont::SansSerif);
     font.setFixedPitch(fixed);
-    font.setPixelSize(std::max(1, static_cast<int>(std::lround(spec.height * pixelsPerUnit))));
-    font.setWeight(static_cast<QFont::Weight>(std::clamp(spec.weight, 100, 900)));
-    if (spec.width > 0) {
+    font.setPixelSize(std::max(1, static_cast<int>(std::lround(wanted.height * pixelsPerUnit))));
+    font.setWeight(static_cast<QFont::Weight>(std::clamp(wanted.weight, 100, 900)));
+    if (wanted.width > 0) {
         const double natural = QFontMetricsF(font, device).averageCharWidth();
         if (natural > 0) {
-            const double stretch = 100.0 * spec.width * pixelsPerUnit / natural;
+            const double stretch = 100.0 * wanted.width * pixelsPerUnit / natural;
             font.setStretch(std::clamp(static_cast<int>(std::lround(stretch)), 1, 4000));
         }
     }
@@ -54,13 +54,13 @@ void PaintPage(QPainter& painter, const PrintPage& page) {
         painter.drawLine(QPointF(r.x1 * s, ySign * r.y1 * s), QPointF(r.x2 * s, ySign * r.y2 * s));
     // A page has three or four fonts and hundreds of texts: each font is made once.
     std::vector<std::pair<PrintFont, std::pair<QFont, QFontMetricsF>>> fonts;
-    auto fontOf = [&](const PrintFont& spec) -> const std::pair<QFont, QFontMetricsF>& {
+    auto fontOf = [&](const PrintFont& wanted) -> const std::pair<QFont, QFontMetricsF>& {
         for (const auto& [key, made] : fonts)
-            if (key.family == spec.family && key.height == spec.height &&
-                key.width == spec.width && key.weight == spec.weight)
+            if (key.family == wanted.family && key.height == wanted.height &&
+                key.width == wanted.width && key.weight == wanted.weight)
                 return made;
-        QFont font = DeviceFont(spec, s, device);
-        fonts.push_back({spec, {font, QFontMetricsF(font, device)}});
+        QFont font = DeviceFont(wanted, s, device);
+        fonts.push_back({wanted, {font, QFontMetricsF(font, device)}});
         return fonts.back().second;
     };
     for (const PrintText& t : page.texts) {
