@@ -31,7 +31,7 @@ bool CM330App::InitInstance() {
     // 2. The texts are built into the program, so there is no resource module to fail.
     // 3-4. The main frame.
     m_frame.reset();
-    m_frame = std::make_unique<CMainFrame>(m_recent);
+    m_frame = std::make_unique<CMainFrame>(m_recent, m_features);
     m_prompt.SetParent(m_frame.get());
     // 5. The program directory, with its closing separator.
     const QString appDir = m_options.appDir.isEmpty()

@@ -4,6 +4,7 @@
 // for errors: an exception that escapes any handler is shown to the person and the session
 // goes on.
 
+#include "shell/FrameFeatures.h"
 #include "shell/RecentFileList.h"
 #include "ui/QtPrompt.h"
 
@@ -38,6 +39,8 @@ public:
 
     CMainFrame* MainFrame() const { return m_frame.get(); }
     CRecentFileList& RecentFiles() { return m_recent; }
+    // What the subsystems add to every main frame; registered before InitInstance.
+    CFrameFeatures& Features() { return m_features; }
 
     // File New: the model dialog, then a new project for the chosen model.
     void OnFileNew();
@@ -47,6 +50,7 @@ public:
 private:
     Options m_options;
     CRecentFileList m_recent;
+    CFrameFeatures m_features;
     QtPrompt m_prompt;
     std::unique_ptr<CMainFrame> m_frame;
     IPrompt* m_previousPrompt = nullptr;

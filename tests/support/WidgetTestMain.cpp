@@ -4,6 +4,7 @@
 
 #include "shell/M330App.h"
 #include "support/TestDirs.h"
+#include "transfer/TransferUi.h"
 
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
@@ -17,5 +18,6 @@ int main(int argc, char** argv) {
     quillon::test::PrivateTempDir temp;
     quillon::CM330App app(argc, argv,
                           {settings.filePath("recent.ini"), QString(), /*showWindow=*/false});
+    quillon::RegisterTransferCommands(app.Features());  // as the program's main() does
     return RUN_ALL_TESTS();
 }
