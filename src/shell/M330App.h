@@ -9,6 +9,7 @@
 #include "ui/QtPrompt.h"
 
 #include <QApplication>
+#include <QStringList>
 #include <memory>
 
 namespace quillon {
@@ -22,6 +23,7 @@ public:
         QString recentIniPath;  // empty: the standard settings place
         QString appDir;         // empty: the executable's directory
         bool showWindow = true;
+        QStringList arguments;  // empty: the process's own command line
     };
 
     CM330App(int& argc, char** argv, Options options);

@@ -3,7 +3,8 @@
 find_package(PkgConfig REQUIRED)
 pkg_check_modules(LIBMODBUS REQUIRED IMPORTED_TARGET libmodbus)
 
-add_library(link_test_support STATIC ${CMAKE_CURRENT_LIST_DIR}/LinkTestSupport.cpp)
+add_library(link_test_support STATIC ${CMAKE_CURRENT_LIST_DIR}/LinkTestSupport.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/InterceptChannel.cpp)
 target_link_libraries(link_test_support PUBLIC quillon_test_support r770_sim_lib GTest::gtest)
 target_include_directories(link_test_support PUBLIC ${CMAKE_CURRENT_LIST_DIR})
 

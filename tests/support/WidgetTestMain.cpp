@@ -17,7 +17,7 @@ int main(int argc, char** argv) {
     // tests' own, never the machine's.
     quillon::test::PrivateTempDir temp;
     quillon::CM330App app(argc, argv,
-                          {settings.filePath("recent.ini"), QString(), /*showWindow=*/false});
+                          {settings.filePath("recent.ini"), QString(), /*showWindow=*/false, {}});
     quillon::RegisterTransferCommands(app.Features());  // as the program's main() does
     return RUN_ALL_TESTS();
 }
