@@ -10,6 +10,7 @@
 #include "shell/MainFrame.h"
 #include "transfer/TransferDialogs.h"
 
+#include <QPointer>
 #include <QTimer>
 
 namespace quillon {
@@ -38,7 +39,10 @@ void CTransferUi::Install() {
     m_frame.SetCommandHandler(CmdId::AutoRefresh, [this] { m_autoRefresh.OnToggle(); });
     m_frame.SetCommandHandler(CmdId::ChangeComm, [this] { OnChangeComm(); });
     m_frame.SetCommandHandler(CmdId::Close, [this] { OnClose(); });
-    m_frame.AddCloseHook([this] { StopAutoRefresh(); });
+    // Once this object is gone, its hook does nothing.
+    m_frame.AddCloseHook([self = QPointer<CTransferUi>(this)] {
+        if (self) self->StopAutoRefresh();
+    });
 }
 
 void CTransferUi::OnChangeComm() {
