@@ -73,7 +73,10 @@ std::unique_ptr<SerialChannel> SerialChannel::Open(const QString& devicePath,
     QSerialPort& port = ch->m_port;
     ch->m_strPath = devicePath;
     ch->m_io = fdio::kAvailable ? io : SerialIo::QtBlocking;
-    port.setPortName(devicePath);
+    // The port is locked by the device it reaches, not by the name it was given: a symbolic
+    // link (a pinned name) and its target must not both open the same line.
+    const QString device = QFileInfo(devicePath).canonicalFilePath();
+    port.setPortName(device.isEmpty() ? devicePath : device);
     port.setBaudRate(line.m_nBaud);
     port.setDataBits(line.m_nDataBits == 7 ? QSerialPort::Data7 : QSerialPort::Data8);
     port.setParity(QtParity(line.m_parity));

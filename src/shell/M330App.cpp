@@ -31,7 +31,7 @@ bool CM330App::InitInstance() {
     // 2. The texts are built into the program, so there is no resource module to fail.
     // 3-4. The main frame.
     m_frame.reset();
-    m_frame = std::make_unique<CMainFrame>(m_recent);
+    m_frame = std::make_unique<CMainFrame>(m_recent, m_features);
     m_prompt.SetParent(m_frame.get());
     // 5. The program directory, with its closing separator.
     const QString appDir = m_options.appDir.isEmpty()
@@ -41,7 +41,8 @@ bool CM330App::InitInstance() {
     m_frame->Session().m_strAppDir = appDir;
     g_strAppDir = appDir;
     // 7. A project named on the command line is opened; a bare "/dde" opens nothing.
-    const QString path = StartupProjectPath(arguments());
+    const QString path = StartupProjectPath(m_options.arguments.isEmpty() ? arguments()
+                                                                          : m_options.arguments);
     if (!path.isEmpty() && !OpenDocumentFile(path)) return false;
     // 8-10. The window, maximised. No keyboard layout is forced: key codes reach the program
     // unchanged whatever the input language.

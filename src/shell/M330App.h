@@ -4,10 +4,12 @@
 // for errors: an exception that escapes any handler is shown to the person and the session
 // goes on.
 
+#include "shell/FrameFeatures.h"
 #include "shell/RecentFileList.h"
 #include "ui/QtPrompt.h"
 
 #include <QApplication>
+#include <QStringList>
 #include <memory>
 
 namespace quillon {
@@ -21,6 +23,7 @@ public:
         QString recentIniPath;  // empty: the standard settings place
         QString appDir;         // empty: the executable's directory
         bool showWindow = true;
+        QStringList arguments;  // empty: the process's own command line
     };
 
     CM330App(int& argc, char** argv, Options options);
@@ -38,6 +41,8 @@ public:
 
     CMainFrame* MainFrame() const { return m_frame.get(); }
     CRecentFileList& RecentFiles() { return m_recent; }
+    // What the subsystems add to every main frame; registered before InitInstance.
+    CFrameFeatures& Features() { return m_features; }
 
     // File New: the model dialog, then a new project for the chosen model.
     void OnFileNew();
@@ -47,6 +52,7 @@ public:
 private:
     Options m_options;
     CRecentFileList m_recent;
+    CFrameFeatures m_features;
     QtPrompt m_prompt;
     std::unique_ptr<CMainFrame> m_frame;
     IPrompt* m_previousPrompt = nullptr;

@@ -4,7 +4,6 @@
 #include "base/Prompt.h"
 #include "base/StatusPanes.h"
 #include "base/TextTable.h"
-#include "exchange/PrintUi.h"
 #include "link/ConnectDlg.h"
 #include "params/ModelSelectDlg.h"
 #include "params/ProjectFile.h"
@@ -12,13 +11,13 @@
 #include "shell/ChildFrame.h"
 #include "shell/CommandIds.h"
 #include "shell/CommandTable.h"
+#include "shell/FrameFeatures.h"
 #include "shell/M330View.h"
 #include "shell/MenuLayout.h"
 #include "shell/ProjectTree.h"
 #include "shell/ProjectTreeRules.h"
 #include "shell/RecentFileList.h"
 #include "shell/ToolbarIcons.h"
-#include "transfer/TransferUi.h"
 
 #include <QAction>
 #include <QCloseEvent>
@@ -61,7 +60,7 @@ QString DroppedProject(const QMimeData* mime) {
 
 }  // namespace
 
-CMainFrame::CMainFrame(CRecentFileList& recent, QWidget* parent)
+CMainFrame::CMainFrame(CRecentFileList& recent, const CFrameFeatures& features, QWidget* parent)
     : QMainWindow(parent),
       m_recent(recent),
       m_commands(m_session, recent, *this),
@@ -78,8 +77,7 @@ CMainFrame::CMainFrame(CRecentFileList& recent, QWidget* parent)
     CreateDockBar();
     CreateMenus();
     InstallBuiltInHandlers();
-    InstallTransferCommands(*this);
-    InstallPrintAndCompareCommands(*this);
+    features.InstallAll(*this);
     setAcceptDrops(true);
 
     m_uiTimer = new QTimer(this);
@@ -212,6 +210,10 @@ void CMainFrame::InstallBuiltInHandlers() {
 
 void CMainFrame::SetCommandHandler(int id, std::function<void()> handler) {
     m_handlers[id] = std::move(handler);
+}
+
+void CMainFrame::AddCloseHook(std::function<void()> hook) {
+    m_closeHooks.push_back(std::move(hook));
 }
 
 void CMainFrame::OnCommand(int id) {
@@ -395,7 +397,7 @@ void CMainFrame::SetProjectWindowTitle(const QString& title) {
 
 void CMainFrame::StopAutoRefresh() {
     // Waits for a running cycle, then turns auto refresh off.
-    if (CTransferUi* transfer = TransferUiOf(*this)) transfer->StopAutoRefresh();
+    for (const std::function<void()>& hook : m_closeHooks) hook();
     m_session.m_bAutoRefresh = 0;
 }
 

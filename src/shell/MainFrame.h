@@ -31,13 +31,15 @@ namespace quillon {
 
 class CCJTreeCtrl;
 class CM330View;
+class CFrameFeatures;
 class CRecentFileList;
 struct CommandState;
 
 class CMainFrame : public QMainWindow, private IProjectWindows, private ILinkWindows {
     Q_OBJECT
 public:
-    explicit CMainFrame(CRecentFileList& recent, QWidget* parent = nullptr);
+    // Builds the frame and installs `features` on it.
+    CMainFrame(CRecentFileList& recent, const CFrameFeatures& features, QWidget* parent = nullptr);
     ~CMainFrame() override;
 
     SessionState& Session() { return m_session; }
@@ -69,6 +71,9 @@ public:
     void OnCommand(int id);
     // Installs the handler of a command that a later subsystem provides.
     void SetCommandHandler(int id, std::function<void()> handler);
+    // Adds work to end before the project, the link or the frame goes (auto refresh); the hooks
+    // run in the order they were added.
+    void AddCloseHook(std::function<void()> hook);
     // Puts every menu entry and tool-bar button into the state the command table gives, and
     // shows the menu bar that fits: 128 without a project, 129 with one.
     void UpdateCommandUI();
@@ -111,6 +116,8 @@ private:
     static void DisposeWindow(CChildFrame* child);
 
     SessionState m_session;
+    // Before the commands and the link: closing the link runs them while the frame goes.
+    std::vector<std::function<void()>> m_closeHooks;
     CRecentFileList& m_recent;
     CProjectCommands m_commands;
     CLinkSession m_link;

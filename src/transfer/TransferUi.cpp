@@ -5,10 +5,12 @@
 #include "base/TextTable.h"
 #include "link/LinkSession.h"
 #include "shell/CommandIds.h"
+#include "shell/FrameFeatures.h"
 #include "shell/M330View.h"
 #include "shell/MainFrame.h"
 #include "transfer/TransferDialogs.h"
 
+#include <QPointer>
 #include <QTimer>
 
 namespace quillon {
@@ -37,6 +39,10 @@ void CTransferUi::Install() {
     m_frame.SetCommandHandler(CmdId::AutoRefresh, [this] { m_autoRefresh.OnToggle(); });
     m_frame.SetCommandHandler(CmdId::ChangeComm, [this] { OnChangeComm(); });
     m_frame.SetCommandHandler(CmdId::Close, [this] { OnClose(); });
+    // Once this object is gone, its hook does nothing.
+    m_frame.AddCloseHook([self = QPointer<CTransferUi>(this)] {
+        if (self) self->StopAutoRefresh();
+    });
 }
 
 void CTransferUi::OnChangeComm() {
@@ -113,6 +119,10 @@ std::optional<QString> CTransferUi::AskPasswordInput() {
     CPasswordInputDlg dlg(&m_frame);
     if (dlg.exec() != QDialog::Accepted) return std::nullopt;
     return dlg.Password();
+}
+
+void RegisterTransferCommands(CFrameFeatures& features) {
+    features.Add([](CMainFrame& frame) { InstallTransferCommands(frame); });
 }
 
 CTransferUi* InstallTransferCommands(CMainFrame& frame) { return new CTransferUi(frame); }

@@ -2,7 +2,8 @@
 // The parameter transfer on the desktop: the main frame's commands Read, Write, Password Set
 // and Clear, Auto Refresh and Change Communication Parameters, with the windows they need (the
 // progress window, timer 2 of auto refresh, the dialogs). One object lives as a child of the
-// main frame; InstallTransferCommands creates it and registers the command handlers.
+// main frame; InstallTransferCommands creates it, installs the command handlers and the close
+// hook that stops auto refresh. The program registers it with RegisterTransferCommands.
 
 #include "transfer/AutoRefresh.h"
 #include "transfer/TransferCommands.h"
@@ -14,6 +15,7 @@ class QTimer;
 
 namespace quillon {
 
+class CFrameFeatures;
 class CMainFrame;
 class CProgressDlg;
 
@@ -58,6 +60,8 @@ private:
     CAutoRefresh m_autoRefresh;
 };
 
+// Adds the transfer commands to every main frame built after this.
+void RegisterTransferCommands(CFrameFeatures& features);
 // Creates the transfer commands of `frame` (owned by it) and returns them.
 CTransferUi* InstallTransferCommands(CMainFrame& frame);
 // The transfer commands installed on `frame`; nullptr before InstallTransferCommands.

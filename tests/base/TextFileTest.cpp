@@ -1,4 +1,4 @@
-// Reading the data files beside the program: whole files, the size limit, and what a read costs.
+// Reading the data files beside the program: whole files and the size limit.
 
 #include "base/TextFile.h"
 
@@ -25,17 +25,6 @@ QByteArray Pattern(qsizetype size) {
 }
 
 }  // namespace
-
-// Every open of a project reloads the catalogue files; a read that reserved the 16 MB limit for a
-// 15 KB file made each open allocate (and keep until the lines were split) 16 MB per file.
-TEST(TextFile, SmallFileKeepsNoReservationOfTheLimit) {
-    QTemporaryDir dir;
-    const QByteArray content = Pattern(15783);
-    const auto bytes = ReadSmallFile(WriteFile(dir, "PARAM.DAT", content));
-    ASSERT_TRUE(bytes);
-    EXPECT_EQ(*bytes, content);
-    EXPECT_LT(bytes->capacity(), 1024 * 1024);
-}
 
 TEST(TextFile, WholeFileAtEverySizeAroundAReadPiece) {
     QTemporaryDir dir;

@@ -2,15 +2,13 @@
 // simulated modules on the loopback interface of a network namespace of the test's own: the
 // search goes to 127.255.255.255 and nothing leaves the namespace.
 
-#include "LinkSessionFixture.h"
+#include "LinkTestSupport.h"
 #include "link/DeviceSearch.h"
-#include "link/ModuleList.h"
 #include "link/RegisterReaders.h"
 #include "link/SearchProtocol.h"
 #include "SimModule.h"
 #include "support/NetNamespace.h"
 
-#include <QFile>
 #include <QProcess>
 #include <algorithm>
 #include <arpa/inet.h>
@@ -199,47 +197,6 @@ TEST(DeviceSearch, AddressAssignedByMacEvenOutsideTheLocalNetwork)
     EXPECT_EQ(AssignModuleAddress(MacText(kMacB), QStringLiteral("127.0.0.256")), 0);
     EXPECT_LT(SecondsSince(t2), 1.0);
     EXPECT_EQ(b.module.Address(), QStringLiteral("127.0.0.3"));
-}
-
-TEST_F(LinkSessionTest, ConnectThroughTcpipIdentifiesOverTcp)
-{
-    QUILLON_IN_OWN_NETWORK_NAMESPACE();
-    ScopedSearchAddress address(kBroadcast);
-    Module a(QStringLiteral("127.0.0.2"), kMacA);
-    Module b(QStringLiteral("127.0.0.3"), kMacB);
-    m_dir.Write("PZ4comfile.ini", "TCPIP\n00-20-4a-00-00-0b\n1\n00-20-4a-00-00-0b\nConveyor\n");
-
-    CModuleList modules;
-    ASSERT_EQ(modules.Refresh(m_link.EnsureLink()), 2);
-    ASSERT_NE(modules.Chosen(), nullptr);
-    EXPECT_EQ(modules.Chosen()->mac, QStringLiteral("00-20-4a-00-00-0b"));  // preselected
-    EXPECT_EQ(modules.ButtonText(), QStringLiteral("127.0.0.3(Conveyor)"));
-    EXPECT_FALSE(m_link.Link()->IsOpen());
-
-    ConnectRequest r = Request(QStringLiteral("1"), QStringLiteral("TCPIP"));
-    r.modules = &modules;
-    ASSERT_TRUE(m_link.Connect(r));
-    EXPECT_EQ(m_prompt.Texts(), QStringList{"Link successful!"});
-    EXPECT_EQ(m_link.Link()->LinkDescription(), QStringLiteral("127.0.0.3:10001"));
-    EXPECT_EQ(m_link.Link()->StrMac(), QStringLiteral("00-20-4a-00-00-0b"));
-    EXPECT_EQ(m_session.m_bTcpLinked, 1);
-    EXPECT_EQ(m_session.m_stationVersions, std::vector<int>{1234});
-    EXPECT_EQ(Pane(Pane::Version), QStringLiteral("1.234"));
-    EXPECT_EQ(Pane(Pane::Link), QStringLiteral("Online"));
-    EXPECT_EQ(g_nComPort, -1);
-    EXPECT_EQ(b.bus.FramesReceived(), 4);  // identified over TCP by the module's drive
-    EXPECT_EQ(a.bus.FramesReceived(), 0);
-
-    QFile file(m_dir.File("PZ4comfile.ini"));
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    const QByteArray content = file.readAll();
-    EXPECT_TRUE(content.startsWith("TCPIP\n00-20-4a-00-00-0b\n2\n")) << content.toStdString();
-    EXPECT_TRUE(content.contains("00-20-4a-00-00-0b\nConveyor\n")) << content.toStdString();
-    EXPECT_TRUE(content.contains("00-20-4a-00-00-0a\n \n")) << content.toStdString();
-
-    m_link.OnLinkWatchTick();  // the supervision goes through the module too
-    EXPECT_EQ(m_session.m_bOnline, 1);
-    EXPECT_EQ(b.bus.FramesReceived(), 5);
 }
 
 }  // namespace

@@ -1,7 +1,8 @@
 #pragma once
 // A CLinkSession on a private program directory, with the main window's part played by a
-// recorder, and a simulated bus behind every port name.
+// recorder, and a simulated bus behind every port name whose replies a test may replace.
 
+#include "InterceptChannel.h"
 #include "LinkTestSupport.h"
 #include "base/Globals.h"
 #include "base/StatusPanes.h"
@@ -54,7 +55,7 @@ protected:
         setup.modelWord = modelWord;
         m_bus = std::make_shared<sim::SimBus>(setup);
         m_line = std::make_shared<sim::SimLine>();
-        m_factory.emplace(sim::SimChannelFactory(m_bus, m_line));
+        m_factory.emplace(Intercepting(sim::SimChannelFactory(m_bus, m_line), m_intercept));
     }
 
     static std::vector<sim::StationSetup> Stations(std::initializer_list<int> addresses)
@@ -83,6 +84,7 @@ protected:
     CLinkSession m_link{m_session, m_windows};
     std::shared_ptr<sim::SimBus> m_bus;
     std::shared_ptr<sim::SimLine> m_line;
+    std::shared_ptr<Interceptor> m_intercept = std::make_shared<Interceptor>();
     std::optional<ScopedChannelFactory> m_factory;
 };
 

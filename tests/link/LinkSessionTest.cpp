@@ -96,6 +96,20 @@ TEST_F(LinkSessionTest, StationMissingAtIdentificationIsNamedInTheFailureList)
     EXPECT_TRUE(Pane(Pane::Link).isEmpty());
 }
 
+TEST_F(LinkSessionTest, IdentificationAnsweredWithAnExceptionPutsTheStationOnTheFailureList)
+{
+    OpenBus(Stations({1, 3}));
+    *m_intercept = [](const Frame& f) -> std::optional<Frame> {
+        if (f[0] == 3 && RequestRegister(f) == RegCapacityCode) return ExceptionReply(f, 'R');
+        return std::nullopt;
+    };
+    EXPECT_FALSE(m_link.Connect(Request(QStringLiteral("1,3"))));
+    EXPECT_EQ(m_prompt.Texts().value(m_prompt.Texts().size() - 1), "The station num connect failure :3!");
+    EXPECT_EQ(m_session.m_stationCapacities, std::vector<int>{1205});
+    EXPECT_EQ(m_link.Link(), nullptr);
+    EXPECT_EQ(m_session.m_bOnline, 0);
+}
+
 TEST_F(LinkSessionTest, ModelOtherThanTheProjectsAsksFirst)
 {
     OpenBus(Stations({1}));
@@ -191,6 +205,21 @@ TEST_F(LinkSessionTest, SupervisionDropsSilentStationsOneMessageEachThenUnlinks)
     EXPECT_EQ(m_prompt.Texts().size(), 4);
 }
 
+// A station that answers the control-word read with an exception is there: it stays linked.
+TEST_F(LinkSessionTest, SupervisionTakesAnExceptionReplyAsAnAnswer)
+{
+    OpenBus(Stations({1, 2}));
+    ASSERT_TRUE(m_link.Connect(Request(QStringLiteral("1,2"))));
+    *m_intercept = [](const Frame& f) -> std::optional<Frame> {
+        if (f[0] == 2) return ExceptionReply(f, 'R');
+        return std::nullopt;
+    };
+    m_link.OnLinkWatchTick();
+    EXPECT_EQ(m_session.m_stations, (std::vector<int>{1, 2}));
+    EXPECT_EQ(m_session.m_bOnline, 1);
+    EXPECT_EQ(m_prompt.Texts(), QStringList{kLinked});
+}
+
 TEST_F(LinkSessionTest, SupervisionReadsTheControlWordOfEachStation)
 {
     OpenBus(Stations({4, 9}));
@@ -209,23 +238,13 @@ TEST_F(LinkSessionTest, SupervisionReadsTheControlWordOfEachStation)
     EXPECT_EQ(m_session.m_stations, (std::vector<int>{9, 4}));
 }
 
-TEST_F(LinkSessionTest, ClosingTheLinkAlwaysWaitsForAutoRefresh)
-{
-    // Supervision may have cleared the flag while a refresh cycle still runs on its thread.
-    OpenBus(Stations({1}));
-    ASSERT_TRUE(m_link.Connect(Request(QStringLiteral("1"))));
-    m_session.m_bAutoRefresh = 0;
-    const int before = m_windows.autoRefreshStops;
-    m_link.Disconnect();
-    EXPECT_EQ(m_windows.autoRefreshStops, before + 1);
-    EXPECT_EQ(m_link.Link(), nullptr);
-}
-
 TEST_F(LinkSessionTest, DisconnectEndsTheLink)
 {
     OpenBus(Stations({1}));
     ASSERT_TRUE(m_link.Connect(Request(QStringLiteral("1"))));
-    m_session.m_bAutoRefresh = 1;
+    // Auto refresh is stopped even with its flag down: supervision may have cleared the flag
+    // while a refresh cycle still runs on its thread.
+    m_session.m_bAutoRefresh = 0;
     const int stopsBefore = m_windows.autoRefreshStops;
     m_link.Disconnect();
     EXPECT_EQ(m_windows.autoRefreshStops, stopsBefore + 1);

@@ -2,6 +2,7 @@
 // names found there and given by a person reach the records and the file.
 
 #include "base/Globals.h"
+#include "base/TextFile.h"
 #include "link/ModuleList.h"
 #include "link/PortSessionFile.h"
 #include "support/TestDirs.h"
@@ -59,6 +60,41 @@ TEST_F(PortSessionFile, JunkGivesWhatCanBeTaken)
               (std::vector<std::pair<QString, QString>>{{"aa", "A"}}));
     EXPECT_TRUE(ParsePortSession({"COM1", "-4", "aa", "A"}).names.empty());
     EXPECT_TRUE(ParsePortSession({"TCPIP"}).mac.isEmpty());
+}
+
+// One value a line: values a line can't hold as they are (a line feed inside, a carriage return
+// at the end) must not move the lines behind them.
+TEST_F(PortSessionFile, ValuesALineCanNotHoldKeepTheLinesBehindThem)
+{
+    const auto readBack = [](const PortSession& s) {
+        return ParsePortSession(SplitTextLines(FormatPortSession(s)));
+    };
+    // Found by fuzzing: "TCPIP\r" is a serial port name with no MAC line behind it; written back
+    // as "TCPIP" it must not take the module count for its MAC.
+    const PortSession read = ParsePortSession(
+        SplitTextLines("TCPIP\r\r\n2\n00-0e-c6-12-34-56\nPump room\n00-0e-c6-ab-cd-ef\nPress 2\n"));
+    ASSERT_EQ(read.portText, "TCPIP\r");
+    PortSession back = readBack(read);
+    EXPECT_EQ(back.portText, "TCPIP");
+    EXPECT_EQ(back.mac, "");
+    EXPECT_EQ(back.names, read.names);
+    EXPECT_EQ(back.names.size(), 2u);
+
+    PortSession s;
+    s.portText = "COM3";
+    s.names = {{"00-0e-c6-12-34-56", "Line 1\nLine 2"},
+               {"00-0e-c6-ab-cd-ef\r", "Tank\r"},
+               {"00-0e-c6-00-00-01", "\r"},
+               {"00-0e-c6-00-00-02", "a\rb"}};
+    back = readBack(s);
+    EXPECT_EQ(back.names, (std::vector<std::pair<QString, QString>>{
+                              {"00-0e-c6-12-34-56", "Line 1Line 2"},
+                              {"00-0e-c6-ab-cd-ef", "Tank"},
+                              {"00-0e-c6-00-00-01", ""},
+                              {"00-0e-c6-00-00-02", "a\rb"}}));  // kept inside a value
+    // What was written once is written again byte for byte.
+    EXPECT_EQ(FormatPortSession(back), FormatPortSession(s));
+    EXPECT_EQ(readBack(ParsePortSession(SplitTextLines("\r"))).portText, "");
 }
 
 TEST_F(PortSessionFile, ProgramDirectoryFirstThenTemporaryDirectory)

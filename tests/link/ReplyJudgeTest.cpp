@@ -19,10 +19,6 @@ TEST(ExceptionTexts, DriveLettersAndTheFallback)
     for (unsigned char code : {0x00, 0x01, 0x02, 0x03, 0x04, 0x50, 0x55, 0x71, 0xFF})
         EXPECT_EQ(ExceptionText(code), "Writing Mode Error ") << int(code);
 
-    EXPECT_EQ(ErrTypeText(ErrNone), "");
-    EXPECT_EQ(ErrTypeText(ErrCrc), "CRC parity error!");
-    EXPECT_EQ(ErrTypeText(ErrTimeout), "TimeOut!");
-    EXPECT_EQ(ErrTypeText(ErrComm), "Communication error!");
     EXPECT_EQ(ErrTypeText(7), "Communication error!");
     EXPECT_EQ(ErrTypeText(-1), "Communication error!");
 }
@@ -48,28 +44,16 @@ constexpr unsigned char kExceptionReply[] = {4, 0x83, 'T', 0, 0};
 
 TEST(JudgeReply, TransportFailuresPerCaller)
 {
+    // The callers that don't just show the word: prefixed, replaced, or silent.
     const JudgeCase cases[] = {
-        {ReplyCaller::GroupRead, ErrCrc, "CRC parity error!"},
-        {ReplyCaller::GroupRead, ErrTimeout, "TimeOut!"},
-        {ReplyCaller::GroupRead, ErrComm, "Communication error!"},
         {ReplyCaller::GroupRead, 9, "Communication error!"},
         {ReplyCaller::GroupWrite, ErrTimeout, "Station Num 4:write parameter group 10 TimeOut!"},
-        {ReplyCaller::GroupWrite, 5, "Station Num 4:write parameter group 10 Communication error!"},
-        {ReplyCaller::Identification, ErrCrc, "CRC parity error!"},
-        {ReplyCaller::Identification, 6, "Communication error!"},
-        {ReplyCaller::RunStatus, ErrTimeout, "TimeOut!"},
-        {ReplyCaller::RunStatus, ErrComm, "Communication error!"},
         {ReplyCaller::RunStatus, 4, nullptr},
         {ReplyCaller::RunSourceAtConnect, ErrCrc, "Communication error!"},
-        {ReplyCaller::RunSourceAtConnect, ErrTimeout, "Communication error!"},
-        {ReplyCaller::TakeOverIdentification, ErrCrc, "Communication error!"},
         {ReplyCaller::TakeOverIdentification, ErrTimeout, "Communication error!"},
         {ReplyCaller::PasswordState, ErrCrc, "Read parameter password error!"},
-        {ReplyCaller::PasswordState, 8, "Read parameter password error!"},
         {ReplyCaller::PageAccess, ErrCrc, "Station Num 4CRC parity error!"},
-        {ReplyCaller::PageAccess, ErrComm, "Station Num 4Communication error!"},
         {ReplyCaller::PageAccess, 4, nullptr},
-        {ReplyCaller::Polling, ErrTimeout, nullptr},
         {ReplyCaller::Polling, ErrComm, nullptr},
     };
     for (const JudgeCase& c : cases) {

@@ -1,9 +1,10 @@
 # Link layer: frames, results, port names, and CDriveSerial over the in-process simulator, a
-# real pseudo-terminal and TCP; against a libmodbus slave as an independent peer.
+# real pseudo-terminal and TCP.
 find_package(PkgConfig REQUIRED)
 pkg_check_modules(LIBMODBUS REQUIRED IMPORTED_TARGET libmodbus)
 
-add_library(link_test_support STATIC ${CMAKE_CURRENT_LIST_DIR}/LinkTestSupport.cpp)
+add_library(link_test_support STATIC ${CMAKE_CURRENT_LIST_DIR}/LinkTestSupport.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/InterceptChannel.cpp)
 target_link_libraries(link_test_support PUBLIC quillon_test_support r770_sim_lib GTest::gtest)
 target_include_directories(link_test_support PUBLIC ${CMAKE_CURRENT_LIST_DIR})
 
@@ -28,11 +29,6 @@ quillon_add_test(link_session_tests SOURCES
   ${CMAKE_CURRENT_LIST_DIR}/PortSessionFileTest.cpp
 )
 target_link_libraries(link_session_tests PRIVATE link_test_support)
-
-quillon_add_test(link_libmodbus_tests SOURCES ${CMAKE_CURRENT_LIST_DIR}/LibmodbusSlaveTest.cpp)
-target_link_libraries(link_libmodbus_tests PRIVATE link_test_support PkgConfig::LIBMODBUS)
-
-quillon_add_test(port_session_lines_test SOURCES ${CMAKE_CURRENT_LIST_DIR}/PortSessionLinesTest.cpp)
 
 # The connection dialog and its IP dialogs, on the main window.
 quillon_add_test(connect_dialog_tests WIDGETS SOURCES ${CMAKE_CURRENT_LIST_DIR}/ConnectDlgTest.cpp)

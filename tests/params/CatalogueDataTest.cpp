@@ -330,24 +330,6 @@ TEST(CatalogueData, DefaultsAreTheTextsAFactoryFreshDriveReads) {
     ExpectCanonicalTexts(*d.doc, "catalogue");
 }
 
-TEST(CatalogueData, DefaultsLieWithinTheirPages) {
-    // The model-dependent rows carry the values of the model assumed before one is chosen.
-    LoadedDoc d(kDefaultModelCode);
-    d.ReloadRawCatalogue();
-    ExpectWithinPages(*d.doc, kDefaultModelCode, "catalogue");
-    ExpectDriveRulesHold(*d.doc, "catalogue");
-}
-
-TEST(CatalogueData, RatedValuesOfBothFrequencyClassesFitTheCatalogue) {
-    for (int freqClass : {0, 1}) {
-        LoadedDoc d(kDefaultModelCode, freqClass);
-        const char* what = freqClass == 0 ? "50 Hz" : "60 Hz";
-        ExpectCanonicalTexts(*d.doc, what);
-        ExpectWithinPages(*d.doc, kDefaultModelCode, what);
-        ExpectDriveRulesHold(*d.doc, what);
-    }
-}
-
 TEST(CatalogueData, InitialTableHasTwentyTwoRecordsOfTwentySevenValues) {
     LoadedDoc d(kDefaultModelCode);
     d.ApplyInitialTable();
@@ -371,39 +353,51 @@ TEST(CatalogueData, InitialTableHasTwentyTwoRecordsOfTwentySevenValues) {
     }
 }
 
-TEST(CatalogueData, InitialTableGivesEachModelValuesWithinItsLimits) {
-    for (const ModelColumns& m : kModelColumns) {
-        LoadedDoc d(m.model);
-        d.ApplyInitialTable();
-        const auto& table = d.doc->m_initTable;
-        ASSERT_EQ(table.size(), kInitTargets.size());
-        for (size_t i = 0; i < kInitTargets.size(); ++i) {
-            const auto& t = kInitTargets[i];
-            if (!t) continue;
-            const QString& value = table[i].m_values.at(ColumnOf(m, t->set));
-            const std::string where = std::to_string(m.model) + " " + Str(CodeOf(t->key));
-            EXPECT_EQ(Str(d.Row(t->key).m_strDefault), Str(value)) << where;
-            EXPECT_EQ(Str(d.Row(t->key).m_strSetValue), Str(value)) << where;
-        }
-        ExpectCanonicalTexts(*d.doc, "new project");
-        ExpectWithinPages(*d.doc, m.model, "new project");
-        ExpectDriveRulesHold(*d.doc, "new project");
+// The rated rows of a new project and their texts at 50 and 60 Hz; 02-03 goes by model.
+struct RatedRow {
+    RowKey key;
+    const char* hz50;
+    const char* hz60;
+};
+constexpr std::array<RatedRow, 9> kRatedRows{{
+    {{0, 11}, "50.00", "60.00"}, {{0, 12}, "50.00", "60.00"}, {{1, 0}, "1", "4"},
+    {{1, 2}, "50.00", "60.00"},  {{1, 4}, "2.50", "3.00"},    {{1, 6}, "2.50", "3.00"},
+    {{1, 8}, "1.30", "1.50"},    {{2, 6}, "50.0", "60.0"},    {{12, 3}, "1500", "1800"},
+}};
+std::pair<const char*, const char*> RatedSpeed(int model) {
+    switch (model) {
+    case 202: case 402: return {"1430", "1715"};
+    case 203: case 403: return {"1455", "1735"};
+    case 405: return {"1445", "1745"};
+    default: return {"1430", "1710"};  // 1205, 201, 401
     }
 }
 
-TEST(CatalogueData, ModelDependentDefaultsAreThoseOfTheStartModel) {
-    LoadedDoc d(kDefaultModelCode);
-    d.ApplyInitialTable();
-    const auto table = d.doc->m_initTable;
-    d.ReloadRawCatalogue();
-    const ModelColumns& start = kModelColumns[0];
-    ASSERT_EQ(start.model, kDefaultModelCode);
-    for (size_t i = 0; i < kInitTargets.size(); ++i) {
-        if (const auto& t = kInitTargets[i]) {
-            const QString& value = table[i].m_values.at(ColumnOf(start, t->set));
-            EXPECT_EQ(Str(d.Row(t->key).m_strDefault), Str(value)) << Str(CodeOf(t->key));
+// Every model-dependent row of a new project, in both columns, at both frequencies: the rated
+// texts of its class, its model's column of the initial table, its capacity code.
+TEST(CatalogueData, NewProjectOfEachModelAndFrequencyHasItsRatedAndInitialValues) {
+    for (const ModelColumns& m : kModelColumns)
+        for (int freqClass : {0, 1}) {
+            SCOPED_TRACE(testing::Message() << m.model << (freqClass ? " at 60 Hz" : " at 50 Hz"));
+            LoadedDoc d(m.model, freqClass);
+            d.ApplyInitialTable();
+            const auto expect = [&](RowKey k, const QString& value) {
+                EXPECT_EQ(Str(d.Row(k).m_strDefault), Str(value)) << Str(CodeOf(k));
+                EXPECT_EQ(Str(d.Row(k).m_strSetValue), Str(value)) << Str(CodeOf(k));
+            };
+            for (const RatedRow& r : kRatedRows)
+                expect(r.key, QLatin1String(freqClass ? r.hz60 : r.hz50));
+            const auto speed = RatedSpeed(m.model);
+            expect({2, 3}, QLatin1String(freqClass ? speed.second : speed.first));
+            expect({13, 0}, m.model == 1205 ? QStringLiteral("2P5") : QString::number(m.model));
+            const auto& table = d.doc->m_initTable;
+            ASSERT_EQ(table.size(), kInitTargets.size());
+            for (size_t i = 0; i < kInitTargets.size(); ++i)
+                if (const auto& t = kInitTargets[i]) expect(t->key, table[i].m_values.at(ColumnOf(m, t->set)));
+            ExpectCanonicalTexts(*d.doc, "new project");
+            ExpectWithinPages(*d.doc, m.model, "new project");
+            ExpectDriveRulesHold(*d.doc, "new project");
         }
-    }
 }
 
 TEST(CatalogueData, MotorListNamesTheMotorRowsOfAWrite) {

@@ -2,7 +2,6 @@
 
 #include "base/Globals.h"
 #include "base/TextFile.h"
-#include "base/TextTable.h"
 #include "params/M330Doc.h"
 #include "support/ScriptedPrompt.h"
 #include "support/TestDirs.h"
@@ -34,31 +33,6 @@ QString InitialValue(const QString& dir, int record, int column) {
 }
 
 }  // namespace
-
-TEST(M330Doc, NewProjectCarriesRatedAndModelValuesInBothColumns) {
-    TempAppDir dir;
-    g_strAppDir = dir.Path();
-    SessionState s = SessionFor(dir.Path(), 201, "R770-201-Kxx", 1);
-    s.m_bCompleteParams = 0;
-    CM330Doc doc(s);
-    doc.OnNewDocument();
-
-    EXPECT_EQ(s.m_bCompleteParams, 1);
-    EXPECT_EQ(doc.m_bApplyToSetValue, 1);
-    EXPECT_EQ(doc.m_groups.size(), 15u);
-    EXPECT_EQ(doc.RowAt(0, 11).m_strDefault, "60.00");
-    EXPECT_EQ(doc.RowAt(0, 11).m_strSetValue, "60.00");
-    EXPECT_EQ(doc.RowAt(13, 0).m_strSetValue, "201");
-    // Model 201 takes column 17 of the initial table (08-01..08-03: column 6).
-    EXPECT_EQ(doc.RowAt(1, 1).m_strDefault, InitialValue(dir.Path(), 0, 17));
-    EXPECT_EQ(doc.RowAt(1, 1).m_strSetValue, InitialValue(dir.Path(), 0, 17));
-    EXPECT_EQ(doc.RowAt(8, 1).m_strDefault, InitialValue(dir.Path(), 18, 6));
-    EXPECT_EQ(doc.RowAt(14, 11).m_strSetValue, InitialValue(dir.Path(), 21, 17));
-    EXPECT_FALSE(doc.m_motorList.empty());
-    for (int g = 0; g < 15; ++g)
-        for (size_t r = 0; r < doc.GroupAt(g).m_rows.size(); ++r)
-            EXPECT_EQ(doc.m_rowExists[g][r], doc.GroupAt(g).m_rows[r].m_bExists);
-}
 
 TEST(M330Doc, CheckedAccessorsRaiseTheRangeFailure) {
     TempAppDir dir;
@@ -137,13 +111,3 @@ TEST(M330Doc, ReloadRebuildsRowsAndKeepsSetValuesOnlyThroughTheOverlay) {
     EXPECT_EQ(doc.RowAt(13, 0).m_strDefault, "402");
 }
 
-TEST(M330Doc, CatalogueGroupNamesAreTheTreeAndMenuNames) {
-    TempAppDir dir;
-    SessionState s = SessionFor(dir.Path(), 1205, "R770-2P5-Kxx", 0);
-    CM330Doc doc(s);
-    ASSERT_EQ(doc.m_groups.size(), 15u);
-    for (int g = 0; g < 14; ++g)
-        EXPECT_EQ(doc.GroupAt(g).m_strName, LoadText(TextId::GroupName00 + g)) << g;
-    EXPECT_EQ(doc.GroupAt(0).m_strName, QStringLiteral("群组 00: 基本功能"));
-    EXPECT_EQ(doc.GroupAt(kSimplifiedGroup).m_strName, LoadText(TextId::SimplifiedGroupName));
-}

@@ -31,21 +31,6 @@ std::vector<InitRecord> MakeTable(int records = 22, int columns = 27) {
 
 }  // namespace
 
-TEST(InitialTableOverlay, ModelPicksColumnAndRecordsMapToTheirRows) {
-    auto groups = MakeGroups();
-    ApplyInitialTableTo(groups, MakeTable(), 202, true);
-    // Set A for model 202 is column 18, set B column 7.
-    EXPECT_EQ(groups[1].m_rows[1].m_strDefault, "r0c18");
-    EXPECT_EQ(groups[1].m_rows[1].m_strSetValue, "r0c18");
-    EXPECT_EQ(groups[2].m_rows[5].m_strDefault, "r10c18");
-    EXPECT_EQ(groups[3].m_rows[20].m_strDefault, "r15c18");  // records 11..14 are skipped
-    EXPECT_EQ(groups[7].m_rows[7].m_strDefault, "r17c18");
-    EXPECT_EQ(groups[8].m_rows[1].m_strDefault, "r18c7");
-    EXPECT_EQ(groups[8].m_rows[3].m_strDefault, "r20c7");
-    EXPECT_EQ(groups[kSimplifiedGroup].m_rows[11].m_strDefault, "r21c18");
-    EXPECT_EQ(groups[1].m_rows[2].m_strDefault, "d1-2");  // untouched neighbour
-}
-
 TEST(InitialTableOverlay, LoadedProjectKeepsItsSetValues) {
     auto groups = MakeGroups();
     ApplyInitialTableTo(groups, MakeTable(), 405, false);
@@ -68,20 +53,6 @@ TEST(InitialTableOverlay, ShortTableOrRecordIsARangeFailure) {
     EXPECT_THROW(ApplyInitialTableTo(groups, MakeTable(22, 17), 201, true), std::out_of_range);
     // Column 17 is the last one model 201 needs; set B needs only up to 6.
     EXPECT_NO_THROW(ApplyInitialTableTo(groups, MakeTable(22, 18), 201, true));
-}
-
-TEST(RatedDefaults, SixtyHertzNewProjectWritesBothColumns) {
-    auto groups = MakeGroups();
-    ApplyRatedDefaultsTo(groups, "R770-201-Kxx", 203, 1, true);
-    EXPECT_EQ(groups[0].m_rows[11].m_strDefault, "60.00");
-    EXPECT_EQ(groups[0].m_rows[11].m_strSetValue, "60.00");
-    EXPECT_EQ(groups[1].m_rows[0].m_strSetValue, "4");
-    EXPECT_EQ(groups[1].m_rows[8].m_strDefault, "1.50");
-    EXPECT_EQ(groups[2].m_rows[3].m_strDefault, "1710");  // the code comes from the name
-    EXPECT_EQ(groups[2].m_rows[6].m_strDefault, "60.0");
-    EXPECT_EQ(groups[2].m_rows[6].m_strSetValue, "60.0");
-    EXPECT_EQ(groups[12].m_rows[3].m_strSetValue, "1800");
-    EXPECT_EQ(groups[13].m_rows[0].m_strDefault, "201");
 }
 
 TEST(RatedDefaults, LoadedProjectGetsDefaultsOnlyAndKeepsMotorFrequencyDefault) {

@@ -44,7 +44,7 @@ TEST(App, StartUpSetsTheProgramDirectoryAndRestoresTheLineSettings) {
     quillon::test::TempAppDir dir;
     dir.Write("kcomfile.ini", "3\n1\n100\n1,2\n");
     ResetGlobals();
-    App().SetOptions({dir.Path() + "recent.ini", dir.Path(), /*showWindow=*/false});
+    App().SetOptions({dir.Path() + "recent.ini", dir.Path(), /*showWindow=*/false, {}});
 
     ScriptedPrompt prompt;  // start-up without a project on the command line asks nothing
     ASSERT_TRUE(App().InitInstance());
@@ -62,10 +62,26 @@ TEST(App, StartUpSetsTheProgramDirectoryAndRestoresTheLineSettings) {
     ResetGlobals();
 }
 
+// A project named on the command line that can't be opened: the person is told, and the start
+// fails without a project.
+TEST(App, ProjectOnTheCommandLineThatCanNotBeOpened) {
+    quillon::test::TempAppDir dir;
+    ResetGlobals();
+    App().SetOptions({dir.Path() + "recent.ini", dir.Path(), /*showWindow=*/false,
+                      {QStringLiteral("quillon"), dir.File("gone.qpj")}});
+    ScriptedPrompt prompt;
+    EXPECT_FALSE(App().InitInstance());
+    EXPECT_EQ(prompt.Messages().size(), 1) << prompt.Messages().join('|').toStdString();
+    ASSERT_NE(App().MainFrame(), nullptr);
+    EXPECT_EQ(App().MainFrame()->Document(), nullptr);
+    App().SetOptions({dir.Path() + "recent.ini", dir.Path(), /*showWindow=*/false, {}});
+    ResetGlobals();
+}
+
 TEST(App, NewProjectWithoutCatalogueIsReportedAndTheProgramStaysUp) {
     quillon::test::TempAppDir dir;
     dir.Remove("PARAM.DAT");
-    App().SetOptions({dir.Path() + "recent.ini", dir.Path(), /*showWindow=*/false});
+    App().SetOptions({dir.Path() + "recent.ini", dir.Path(), /*showWindow=*/false, {}});
     ASSERT_TRUE(App().InitInstance());
     CMainFrame* frame = App().MainFrame();
     frame->show();

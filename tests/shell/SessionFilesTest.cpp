@@ -4,40 +4,27 @@
 #include "base/Globals.h"
 #include "shell/RecentFileList.h"
 #include "shell/StartupArgs.h"
+#include "support/TestDirs.h"
 
-#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
-#include <cstdlib>
 #include <gtest/gtest.h>
 
 using namespace quillon;
 
 namespace {
 
-// A program directory and a temporary directory of the test's own, so the fallback place of
+// A program directory, and a temporary directory of the test's own, so the fallback place of
 // the session file never touches the machine's real temporary directory.
 class CommSettingsTest : public ::testing::Test {
 protected:
     void SetUp() override {
         ResetGlobals();
-        ASSERT_TRUE(m_app.isValid() && m_tmp.isValid());
-        g_strAppDir = m_app.path() + '/';
-        m_oldTmp = qgetenv("TMPDIR");
-        qputenv("TMPDIR", m_tmp.path().toUtf8());
-        ASSERT_EQ(QDir::tempPath(), QDir(m_tmp.path()).canonicalPath());
+        g_strAppDir = m_app.Path();
     }
-    void TearDown() override {
-        qputenv("TMPDIR", m_oldTmp);
-        ResetGlobals();
-    }
-    void WriteSettings(const QString& dir, const QByteArray& content) {
-        QFile f(dir + "/kcomfile.ini");
-        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-        f.write(content);
-    }
-    QTemporaryDir m_app, m_tmp;
-    QByteArray m_oldTmp;
+    void TearDown() override { ResetGlobals(); }
+    quillon::test::PrivateTempDir m_tmp;
+    quillon::test::TempAppDir m_app;
 };
 
 }  // namespace
@@ -55,7 +42,7 @@ TEST_F(CommSettingsTest, RoundTripInTheProgramDirectory) {
     EXPECT_EQ(f.readAll(), QByteArray("6\n3\n010\n1,3,5-12\n"));
 
     ResetGlobals();
-    g_strAppDir = m_app.path() + '/';
+    g_strAppDir = m_app.Path();
     LoadCommSettings();
     EXPECT_EQ(g_nComPort, 6);
     EXPECT_EQ(g_nBaudIndex, 3);
@@ -76,7 +63,7 @@ TEST_F(CommSettingsTest, NoFileLeavesTheInitialLineSettings) {
 }
 
 TEST_F(CommSettingsTest, ThirdLineCountsOnlyWithExactlyThreeCharacters) {
-    WriteSettings(m_app.path(), "4\n1\n18\n2\n");
+    m_app.Write("kcomfile.ini", "4\n1\n18\n2\n");
     LoadCommSettings();
     EXPECT_EQ(g_nComPort, 4);
     EXPECT_EQ(g_nBaudIndex, 1);
@@ -85,7 +72,7 @@ TEST_F(CommSettingsTest, ThirdLineCountsOnlyWithExactlyThreeCharacters) {
     EXPECT_EQ(g_nStopBitsIndex, 1);
     EXPECT_EQ(g_strStationList, "2");
 
-    WriteSettings(m_app.path(), "-1\n0\n101\n\n");  // TCP/IP, 4800, 8 data bits, even, 2 stop bits
+    m_app.Write("kcomfile.ini", "-1\n0\n101\n\n");  // TCP/IP, 4800, 8 data bits, even, 2 stop bits
     LoadCommSettings();
     EXPECT_EQ(g_nComPort, -1);
     EXPECT_EQ(g_nDataBitsIndex, 1);
@@ -95,11 +82,11 @@ TEST_F(CommSettingsTest, ThirdLineCountsOnlyWithExactlyThreeCharacters) {
 }
 
 TEST_F(CommSettingsTest, UnwritableProgramDirectoryFallsBackOnTheTemporaryDirectory) {
-    g_strAppDir = m_app.path() + "/no-such-dir/";
+    g_strAppDir = m_app.Path() + "no-such-dir/";
     g_nComPort = 2;
     g_strStationList = "7";
     SaveCommSettings();
-    EXPECT_TRUE(QFile::exists(m_tmp.path() + "/kcomfile.ini"));
+    EXPECT_TRUE(QFile::exists(m_tmp.Path() + "/kcomfile.ini"));
     g_nComPort = 0;
     g_strStationList.clear();
     LoadCommSettings();
@@ -107,8 +94,8 @@ TEST_F(CommSettingsTest, UnwritableProgramDirectoryFallsBackOnTheTemporaryDirect
     EXPECT_EQ(g_strStationList, "7");
 
     // The program directory is tried first when reading as well.
-    WriteSettings(m_app.path(), "9\n2\n110\n9\n");
-    g_strAppDir = m_app.path() + '/';
+    m_app.Write("kcomfile.ini", "9\n2\n110\n9\n");
+    g_strAppDir = m_app.Path();
     LoadCommSettings();
     EXPECT_EQ(g_nComPort, 9);
 }

@@ -1,5 +1,5 @@
 # The simulated drive: its behaviour through our link, its framing and command line, and the
-# r770-sim program against independent Modbus masters (libmodbus, pymodbus) over socat ptys.
+# r770-sim program against an independent Modbus master (libmodbus) over socat ptys.
 quillon_add_test(sim_tests SOURCES
   ${CMAKE_CURRENT_LIST_DIR}/FrameAssemblerTest.cpp
   ${CMAKE_CURRENT_LIST_DIR}/SimDriveTest.cpp
@@ -11,12 +11,3 @@ quillon_add_test(sim_libmodbus_tests SOURCES ${CMAKE_CURRENT_LIST_DIR}/Libmodbus
 target_link_libraries(sim_libmodbus_tests PRIVATE link_test_support PkgConfig::LIBMODBUS)
 target_compile_definitions(sim_libmodbus_tests PRIVATE R770_SIM="$<TARGET_FILE:r770-sim>")
 add_dependencies(sim_libmodbus_tests r770-sim)
-
-# pymodbus ships for the system interpreter; prefer it over any other python3 on PATH.
-find_program(QUILLON_SYSTEM_PYTHON3 NAMES python3 PATHS /usr/bin NO_DEFAULT_PATH)
-if(NOT QUILLON_SYSTEM_PYTHON3)
-  find_program(QUILLON_SYSTEM_PYTHON3 NAMES python3 REQUIRED)
-endif()
-add_test(NAME sim_pymodbus_peer
-  COMMAND ${QUILLON_SYSTEM_PYTHON3} ${CMAKE_CURRENT_LIST_DIR}/pymodbus_peer.py $<TARGET_FILE:r770-sim>)
-set_tests_properties(sim_pymodbus_peer PROPERTIES TIMEOUT 60)

@@ -17,7 +17,7 @@ CM330App& App()
 AppSession::AppSession()
 {
     ResetGlobals();
-    App().SetOptions({dir.Path() + "recent.ini", dir.Path(), /*showWindow=*/false});
+    App().SetOptions({dir.Path() + "recent.ini", dir.Path(), /*showWindow=*/false, {}});
     EXPECT_TRUE(App().InitInstance());
     frame = App().MainFrame();
 }

@@ -2,6 +2,7 @@
 // last-resort error handling) is the one under test. Headless through the offscreen platform,
 // with a temporary directory of the tests' own.
 
+#include "AppFeatures.h"
 #include "shell/M330App.h"
 #include "support/TestDirs.h"
 
@@ -16,6 +17,7 @@ int main(int argc, char** argv) {
     // tests' own, never the machine's.
     quillon::test::PrivateTempDir temp;
     quillon::CM330App app(argc, argv,
-                          {settings.filePath("recent.ini"), QString(), /*showWindow=*/false});
+                          {settings.filePath("recent.ini"), QString(), /*showWindow=*/false, {}});
+    quillon::RegisterAppFeatures(app.Features());  // as the program's main() does
     return RUN_ALL_TESTS();
 }

@@ -37,14 +37,6 @@ TEST(PasswordChecks, FirstFailingCheckInTheDialogsOrder) {
     EXPECT_EQ(CheckChangePassword("", "", ""), std::nullopt);
 }
 
-TEST(PasswordFrame, WritesTheLockRegisterWithFunction6) {
-    unsigned char frame[8] = {};
-    BuildPasswordFrame(3, 0x1234, frame);
-    const unsigned char head[] = {3, 0x06, 0x0D, 0x07, 0x12, 0x34};
-    EXPECT_TRUE(std::equal(std::begin(head), std::end(head), frame));
-    EXPECT_EQ(CheckFrameCrc(frame, 8), 1);
-}
-
 class PasswordTest : public TransferTest {
 protected:
     void SetUp() override {

@@ -15,12 +15,10 @@
 #include "transfer/TransferUi.h"
 
 #include <QComboBox>
-#include <QGroupBox>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QProgressBar>
-#include <QPushButton>
 #include <QRadioButton>
 #include <QTableWidget>
 #include <QTest>
@@ -30,18 +28,9 @@
 namespace quillon::test {
 namespace {
 
-QStringList Labels(const QWidget& w) {
-    QStringList texts;
-    for (const QLabel* l : w.findChildren<QLabel*>()) texts << l->text();
-    return texts;
-}
-
 TEST(TransferDialogs, PasswordDialogsCheckOnOkAndStayOpenOnAFailure) {
     ScriptedPrompt prompt;
     CPasswordSetDlg set;
-    EXPECT_EQ(set.windowTitle(), "Password Set");
-    EXPECT_TRUE(Labels(set).contains("Password:"));
-    EXPECT_TRUE(Labels(set).contains("Repeat:"));
     EXPECT_EQ(set.PasswordEdit()->maxLength(), 5);
     EXPECT_EQ(set.RepeatEdit()->echoMode(), QLineEdit::Password);
     set.show();
@@ -57,9 +46,6 @@ TEST(TransferDialogs, PasswordDialogsCheckOnOkAndStayOpenOnAFailure) {
     EXPECT_EQ(set.Password(), "12345");
 
     CChangePasswordDlg change;
-    EXPECT_EQ(change.windowTitle(), "Change Password");
-    ASSERT_EQ(change.findChildren<QGroupBox*>().size(), 1);
-    EXPECT_EQ(change.findChildren<QGroupBox*>().front()->title(), "Modify");
     change.show();
     change.OldEdit()->setText("65536");
     change.NewEdit()->setText("1");
@@ -68,7 +54,6 @@ TEST(TransferDialogs, PasswordDialogsCheckOnOkAndStayOpenOnAFailure) {
     EXPECT_TRUE(change.isVisible());
 
     CPasswordInputDlg input;
-    EXPECT_EQ(input.windowTitle(), "Password Input");
     input.show();
     input.PasswordEdit()->setText("12a");
     input.accept();
@@ -81,9 +66,7 @@ TEST(TransferDialogs, PasswordDialogsCheckOnOkAndStayOpenOnAFailure) {
 TEST(TransferDialogs, WriteDialogFiltersKeystrokesAndChecksTheStations) {
     ScriptedPrompt prompt;
     CWriteDlg dlg({1, 3, 5});
-    EXPECT_EQ(dlg.windowTitle(), "Write");
     EXPECT_TRUE(dlg.SingleButton()->isChecked());
-    EXPECT_TRUE(Labels(dlg).contains("(Single or specified range, e.g.: 1,3,5-12)"));
     dlg.show();
     QTest::keyClicks(dlg.StationEdit(), "1,3x-5 ");
     EXPECT_EQ(dlg.StationEdit()->text(), "1,3-5");
@@ -110,14 +93,9 @@ TEST(TransferDialogs, WriteDialogFiltersKeystrokesAndChecksTheStations) {
 TEST(TransferDialogs, UnwrittenParametersAndTheProgressWindow) {
     CUnwrittenParamDlg list(
         {MotorParam{"02-00", "Motor no-load current"}, MotorParam{"02-01", "Motor rated current"}});
-    EXPECT_EQ(list.windowTitle(), "未写入马达参数");
-    EXPECT_EQ(list.List()->horizontalHeaderItem(0)->text(), "Code");
-    EXPECT_EQ(list.List()->horizontalHeaderItem(1)->text(), "Parameter Name");
     ASSERT_EQ(list.List()->rowCount(), 2);
     EXPECT_EQ(list.List()->item(1, 0)->text(), "02-01");
     EXPECT_EQ(list.List()->item(1, 1)->text(), "Motor rated current");
-    ASSERT_EQ(list.findChildren<QPushButton*>().size(), 1);
-    EXPECT_EQ(list.findChildren<QPushButton*>().front()->text(), "确定");
 
     EXPECT_EQ(ProgressOrigin(QRect(100, 50, 900, 500)), QPoint(400, 450));
     EXPECT_EQ(ProgressOrigin(QRect(0, 0, 700, 500), 4), QPoint(233, 100));
@@ -165,10 +143,6 @@ TEST(TransferDialogs, CommParamDialogOpensCrossedAndKeepsTheStationIn1To32) {
     session.m_stations = {4};
     NoWindows windows;
     CCommParamDlg dlg(session, windows);
-    EXPECT_EQ(dlg.windowTitle(), "通讯功能参数修改");
-    for (const char* label : {"09-01 变频器通讯站别", "09-02 波特率设定", "09-03 停止位选择",
-                              "09-04 奇偶位选择", "1~32"})
-        EXPECT_TRUE(Labels(dlg).contains(QString::fromUtf8(label))) << label;
     EXPECT_EQ(dlg.BaudList()->currentText(), "1:9600");
     EXPECT_EQ(dlg.StopList()->currentText(), "0:1停止位");
     EXPECT_EQ(dlg.ParityList()->currentText(), "1:偶位");  // the session's odd, shown crossed

@@ -323,6 +323,57 @@ TEST_F(WriteCommandTest, FailedFrameNamesStationAndGroupAndStopsTheWrite) {
               "Station Num 1:write parameter group 3 Communication error!");
 }
 
+// The one message a Write shows when the reply to `frame` has a bad CRC: the group write names
+// station and group, the guards before them say what they were checking.
+QString WriteCrcMessage(const Frame& frame) {
+    const QString crc = QStringLiteral("CRC parity error!");
+    const int reg = RequestRegister(frame);
+    if (frame[1] == ModbusFn::WriteMultiple)
+        return QStringLiteral("Station Num 1:write parameter group %1 ").arg(reg >> 8) + crc;
+    if (frame[1] != ModbusFn::ReadHolding || FrameWord(frame.data(), 4) != 1) return crc;
+    if (reg == RegParameterPassword) return QStringLiteral("Read parameter password error!");
+    // The run source before group 00; the curve points and motor currents groups 01 and 02
+    // check against.
+    if (reg == RegRunSource || (reg >> 8) == 1 || (reg >> 8) == 2)
+        return QStringLiteral("Communication error!");
+    return crc;  // run status, model word, capacity, version
+}
+
+// Whichever reply is spoiled, Read and Write end at that frame, not a frame later and without a
+// retry, with exactly the message of the caller that sent it; a command that meets no spoiled
+// reply runs through. The link stays open.
+TEST_F(WriteCommandTest, BadReplyAtAnyFrameEndsReadAndWriteThereWithOneMessage) {
+    for (const bool write : {false, true}) {
+        bool ranThrough = false;
+        for (int n = 1; n < 60 && !ranThrough; n += (n < 8 ? 1 : 3)) {
+            SCOPED_TRACE(testing::Message() << (write ? "Write" : "Read") << ", reply " << n);
+            sim::BusSetup setup = TestBusSetup();
+            setup.faults.badCrcEvery = n;
+            OpenBus(setup);
+            NewProject();
+            const int before = static_cast<int>(m_prompt.Messages().size());
+            m_prompt.Station(1);
+            const bool ok = write ? m_commands.OnWrite() : m_commands.OnRead();
+            const std::vector<Frame> sent = Sent();
+            const QStringList shown = m_prompt.Messages().mid(before);
+            ranThrough = static_cast<int>(sent.size()) < n;
+            if (ranThrough) {
+                EXPECT_TRUE(ok);
+                EXPECT_EQ(shown.size(), 1) << shown.join('|').toStdString();
+                EXPECT_GT(n, 25);
+                continue;
+            }
+            EXPECT_FALSE(ok);
+            ASSERT_EQ(static_cast<int>(sent.size()), n);
+            const QString word = QStringLiteral("CRC parity error!");
+            EXPECT_EQ(shown, QStringList{write ? WriteCrcMessage(sent.back()) : word});
+            EXPECT_TRUE(m_link->IsOpen());
+            EXPECT_FALSE(m_windows.progress.visible);
+        }
+        EXPECT_TRUE(ranThrough);
+    }
+}
+
 TEST_F(WriteCommandTest, EditorRoutinesOfGroup13AndTheSimplifiedGroup) {
     WriteSnapshot s;
     FillWriteSnapshot(*m_doc, s, 13, 14);
