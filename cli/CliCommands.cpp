@@ -6,7 +6,7 @@
 namespace quillon::cli {
 
 std::span<const CliCommand> Commands() {
-    static const std::array<CliCommand, 5> kCommands{{
+    static const std::array<CliCommand, 7> kCommands{{
         {"catalogue", "--model CODE [--freq 0|1]",
          "print the rows of a new project for a model: group, row, exists, code, default, set value",
          &RunCatalogue},
@@ -32,6 +32,18 @@ std::span<const CliCommand> Commands() {
          "write a project to a drive with the Write command's guards; questions are answered "
          "No unless --yes",
          &RunWrite},
+        {"control",
+         "(--port COMn | --tcp HOST[:PORT]) --station N [--baud B] [--data 7|8] "
+         "[--parity none|odd|even] [--stop 1|2] run|stop|forward|reverse|jog-forward|"
+         "jog-reverse|reset|freq HZ",
+         "press one button of the control panel: the same frames, frequency limits and texts",
+         &RunControl},
+        {"status",
+         "(--port COMn | --tcp HOST[:PORT]) --station N [--baud B] [--data 7|8] "
+         "[--parity none|odd|even] [--stop 1|2] [--watch SECONDS]",
+         "the status monitor's values as name<TAB>value lines; with --watch one block per "
+         "400 ms poll, then the poll count and mean period on stderr",
+         &RunStatus},
     }};
     return kCommands;
 }

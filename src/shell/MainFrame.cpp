@@ -17,6 +17,7 @@
 #include "shell/ProjectTreeRules.h"
 #include "shell/RecentFileList.h"
 #include "shell/ToolbarIcons.h"
+#include "monitor/MonitorUi.h"
 #include "transfer/TransferUi.h"
 
 #include <QAction>
@@ -78,6 +79,7 @@ CMainFrame::CMainFrame(CRecentFileList& recent, QWidget* parent)
     CreateMenus();
     InstallBuiltInHandlers();
     InstallTransferCommands(*this);
+    InstallMonitorCommands(*this);
     setAcceptDrops(true);
 
     m_uiTimer = new QTimer(this);
