@@ -5,6 +5,8 @@
 #include "link/Registers.h"
 #include "monitor/MonitorControlDlg.h"
 #include "monitor/MonitorStatusDlg.h"
+#include "shell/CommandIds.h"
+#include "support/AppSession.h"
 #include "support/WidgetTestSupport.h"
 
 #include <QComboBox>
@@ -98,6 +100,37 @@ TEST_F(MonitorWidgetsTest, DeadLineNeverFreezesTheWindow)
     ASSERT_TRUE(QTest::qWaitFor([&] { return m_prompt.Messages().size() >= 3; }, 5000));
     EXPECT_FALSE(panel.PollTimer()->isActive());
     EXPECT_EQ(m_prompt.Messages(), QStringList(3, "TimeOut!"));
+}
+
+TEST(MonitorCommands, StatusAndControlOpenOnTheFramesLinkAndCloseWhatTheyOpened)
+{
+    ScriptedPrompt prompt;
+    AppSession app;
+    auto bus = std::make_shared<sim::SimBus>(TestBusSetup());
+    auto line = std::make_shared<sim::SimLine>();
+    ScopedChannelFactory factory(sim::SimChannelFactory(bus, line));
+    ASSERT_EQ(app.frame->LinkSession().EnsureLink().InitComm("COM1", 19200, 8, 0, 2.0f), 1);
+    app.frame->Session().m_bOnline = 1;
+    app.frame->Session().m_stations = {1};
+
+    QPointer<CMonitorStatusDlg> status;
+    OnNextModal<CMonitorControlDlg>([&](CMonitorControlDlg& panel) {
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !line->Sent().empty(); }, 3000));
+        EXPECT_EQ(line->Sent().front()[3], 0x01);  // the control word of station 1
+        panel.OnShowStatus();
+        status = panel.StatusMonitor();
+        panel.reject();
+    });
+    app.frame->OnCommand(CmdId::Control);
+    EXPECT_TRUE(status.isNull());  // closed with the panel
+
+    OnNextModal<CMonitorStatusDlg>([&](CMonitorStatusDlg& dlg) {
+        EXPECT_FALSE(dlg.StatusPage()->Timer()->isActive());  // nothing polls before Start
+        dlg.reject();
+    });
+    app.frame->OnCommand(CmdId::Status);
+    EXPECT_TRUE(prompt.Messages().isEmpty());
+    app.frame->close();
 }
 
 }  // namespace
