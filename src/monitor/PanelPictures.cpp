@@ -127,9 +127,38 @@ void PaintStatusPicture(QPainter& p)
     }
 }
 
+// The control terminal strip of the drive: a row of screw terminals with their names.
+static void TerminalStrip(QPainter& p)
+{
+    const char* names[] = {"R1A", "R1B", "R1C", "DI1", "DI2", "DI3", "DI4", "COM", "+10V", "AVI", "GND"};
+    const int pitch = 46, left = 356 - 11 * pitch / 2, top = 150;
+    p.save();
+    p.setPen(QPen(kFrame, 1.2));
+    p.setBrush(QColor(60, 66, 76));
+    p.drawRoundedRect(QRectF(left - 8, top, 11 * pitch + 16, 86), 5, 5);
+    for (int i = 0; i < 11; ++i) {
+        const QRectF cell(left + i * pitch + 3, top + 8, pitch - 6, 48);
+        p.setBrush(QColor(210, 214, 220));
+        p.drawRect(cell);
+        const QPointF c = cell.center() - QPointF(0, 6);
+        QRadialGradient g(c - QPointF(3, 3), 12);
+        g.setColorAt(0, QColor(250, 250, 250));
+        g.setColorAt(1, QColor(150, 154, 160));
+        p.setBrush(g);
+        p.drawEllipse(c, 11, 11);
+        p.drawLine(c - QPointF(7, 0), c + QPointF(7, 0));
+        p.setPen(QColor(235, 238, 242));
+        p.drawText(QRectF(left + i * pitch, top + 58, pitch, 24), Qt::AlignCenter,
+                   QString::fromLatin1(names[i]));
+        p.setPen(QPen(kFrame, 1.2));
+    }
+    p.restore();
+}
+
 void PaintTerminalPicture(QPainter& p)
 {
     Background(p, QStringLiteral("变频器端子状态"));
+    TerminalStrip(p);
     Box(p, QRect(230, 270, 250, 95), QStringLiteral("端子状态"));
     Label(p, 236, 282, 52, QStringLiteral("继电器"), Qt::AlignCenter);
     Label(p, 300, 282, 120, QStringLiteral("数字输入"), Qt::AlignCenter);
