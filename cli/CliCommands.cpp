@@ -1,12 +1,11 @@
 #include "CliCommand.h"
 
-#include <array>
 #include <cstdio>
 
 namespace quillon::cli {
 
 std::span<const CliCommand> Commands() {
-    static const std::array<CliCommand, 7> kCommands{{
+    static const CliCommand kCommands[] = {
         {"catalogue", "--model CODE [--freq 0|1]",
          "print the rows of a new project for a model: group, row, exists, code, default, set value",
          &RunCatalogue},
@@ -40,7 +39,19 @@ std::span<const CliCommand> Commands() {
          &RunCompare},
         {"print", "FILE.qpj -o OUT.pdf [--timing]",
          "the printed parameter list of a project as a PDF file", &RunPrint},
-    }};
+        {"control",
+         "(--port COMn | --tcp HOST[:PORT]) --station N [--baud B] [--data 7|8] "
+         "[--parity none|odd|even] [--stop 1|2] run|stop|forward|reverse|jog-forward|"
+         "jog-reverse|reset|freq HZ",
+         "press one button of the control panel: the same frames, frequency limits and texts",
+         &RunControl},
+        {"status",
+         "(--port COMn | --tcp HOST[:PORT]) --station N [--baud B] [--data 7|8] "
+         "[--parity none|odd|even] [--stop 1|2] [--watch SECONDS]",
+         "the status monitor's values as name<TAB>value lines; with --watch one block per "
+         "400 ms poll, then the poll count and mean period on stderr",
+         &RunStatus},
+    };
     return kCommands;
 }
 

@@ -87,6 +87,8 @@ SimBus::SimBus(const BusSetup& setup, Clock clock) : m_setup(setup), m_clock(std
             image.values[RegSoftwareVersion] = static_cast<std::uint16_t>(m_setup.version);
         m_drives.push_back(std::make_unique<SimDrive>(s.address, s.modelCode, std::move(image),
                                                       m_setup.modelWord, now));
+        m_drives.back()->SetFault(m_setup.faultCode);
+        m_drives.back()->SetTerminals(m_setup.terminals);
         if (s.silentAfter > 0)
             m_silentAfter[m_drives.back().get()] = s.silentAfter;
     }

@@ -66,6 +66,8 @@ struct BusSetup {
     std::uint16_t modelWord = kDefaultModelWord;  // what 0x252F reads
     int version = -1;   // 13-01 in thousandths; -1 keeps the catalogue's
     int freqClass = 0;  // 0 = 50 Hz, 1 = 60 Hz defaults
+    std::uint16_t faultCode = 0;  // every station starts tripped with this fault; 0: none
+    std::uint16_t terminals = 0;  // what RegTerminalWord reads on every station
     QString dataDir;    // where the catalogue files are
 };
 

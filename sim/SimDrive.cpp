@@ -159,7 +159,7 @@ std::uint16_t SimDrive::Value(std::uint16_t reg) const
     case RegFaultCode:
         return m_nFault;
     case RegTerminalWord:
-        return 0;
+        return m_nTerminals;
     case RegModelWord:
         return m_nModelWord;
     default:

@@ -60,6 +60,10 @@ public:
     std::uint16_t LockState() const { return m_nLockState; }
     // True once after a write that changed the communication registers 09-00..09-04.
     bool TakeCommChange();
+    // A fault the drive trips with (0: none; fault reset clears it), and the state of its
+    // terminals: bits 0..3 digital inputs 1..4, bit 6 relay output R1.
+    void SetFault(std::uint16_t code) { m_nFault = code; }
+    void SetTerminals(std::uint16_t word) { m_nTerminals = word; }
 
 private:
     void Advance(SimTime now);
@@ -79,6 +83,7 @@ private:
     std::uint16_t m_nControl = 0;
     std::uint16_t m_nFrequencyCommand = 0;
     std::uint16_t m_nFault = 0;
+    std::uint16_t m_nTerminals = 0;
     double m_dOutput = 0.0;  // 0.01 Hz
     bool m_bReverse = false;
     SimTime m_lastStep;

@@ -36,6 +36,9 @@ constexpr OptionSpec kOptions[] = {
     {"data-bits", "n", "7 or 8 (default 8)."},
     {"parity", "p", "none, odd or even (default: the drive's 09-04)."},
     {"stop-bits", "n", "1 or 2 (default: the drive's 09-03)."},
+    {"fault-code", "n", "Every station starts tripped with this fault code (fault reset clears it)."},
+    {"terminals", "mask",
+     "What the terminal word 0x2522 reads, e.g. 0x45: bits 0-3 inputs 1-4, bit 6 relay R1."},
     {"wire-timing", nullptr,
      "Pace replies as the line would: 11 bits a character, the\n"
      "                          3.5-character silence after a request, the turnaround."},
@@ -163,6 +166,8 @@ QString ParseSimOptions(const QStringList& args, SimOptions& options, bool& help
     number("model-word", 0, 65535, [&](int v) { bus.modelWord = static_cast<std::uint16_t>(v); });
     number("version", 0, 65535, [&](int v) { bus.version = v; });
     bus.dataDir = value("data-dir");
+    number("fault-code", 0, 65535, [&](int v) { bus.faultCode = static_cast<std::uint16_t>(v); });
+    number("terminals", 0, 65535, [&](int v) { bus.terminals = static_cast<std::uint16_t>(v); });
     number("baud", 4800, 38400, [&](int v) { bus.line.baud = v; });
     number("data-bits", 7, 8, [&](int v) { bus.line.dataBits = v; });
     number("stop-bits", 1, 2, [&](int v) { bus.line.stopBits = v; });

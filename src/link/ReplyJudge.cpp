@@ -23,6 +23,7 @@ QString TransportText(ReplyCaller caller, int result, int station, int group)
         return StationPrefix(station) + QStringLiteral(":write parameter group %1 ").arg(group) +
                ErrTypeText(result);
     case ReplyCaller::RunStatus:
+    case ReplyCaller::ControlPanel:
         // 1 and 2 have their words, 3 the general one; any other value fails silently.
         return (result >= ErrCrc && result <= ErrComm) ? ErrTypeText(result) : QString();
     case ReplyCaller::RunSourceAtConnect:
@@ -50,6 +51,7 @@ QString ExceptionReplyText(ReplyCaller caller, unsigned char code, int station, 
         return StationPrefix(station) + QStringLiteral(":write parameter group %1 ").arg(group) +
                ExceptionText(code);
     case ReplyCaller::RunStatus:
+    case ReplyCaller::ControlPanel:
     case ReplyCaller::RunSourceAtConnect:
     case ReplyCaller::TakeOverIdentification:
     case ReplyCaller::Polling:

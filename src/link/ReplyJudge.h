@@ -24,6 +24,7 @@ enum class ReplyCaller {
     PasswordState,   // lock state reader: "Read parameter password error!" for everything
     PageAccess,      // single-parameter reads and writes of the editing pages
     Polling,         // status, terminal and graph polling: stop silently on transport faults
+    ControlPanel,    // the control panel's poll and commands: the run status reader's words
 };
 
 struct ReplyVerdict {

@@ -1,0 +1,30 @@
+#include "monitor/MonitorUi.h"
+
+#include "monitor/MonitorControlDlg.h"
+#include "monitor/MonitorStatusDlg.h"
+#include "shell/CommandIds.h"
+#include "shell/MainFrame.h"
+
+namespace quillon {
+
+MonitorContext MonitorContextOf(CMainFrame& frame)
+{
+    MonitorContext context;
+    context.stations = frame.Session().m_stations;
+    context.link = [&frame] { return frame.LinkSession().Link(); };
+    return context;
+}
+
+void InstallMonitorCommands(CMainFrame& frame)
+{
+    frame.SetCommandHandler(CmdId::Status, [&frame] {
+        CMonitorStatusDlg dlg(MonitorContextOf(frame), 0, &frame);
+        dlg.exec();
+    });
+    frame.SetCommandHandler(CmdId::Control, [&frame] {
+        CMonitorControlDlg dlg(MonitorContextOf(frame), 0, &frame);
+        dlg.exec();
+    });
+}
+
+}  // namespace quillon

@@ -1,0 +1,8 @@
+target_sources(quillon_core PRIVATE
+  ${CMAKE_CURRENT_LIST_DIR}/ControlPanel.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/FrequencyEdit.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/LinkExchange.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/StatusMonitor.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/StatusReadout.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/WorkerRunner.cpp
+)
