@@ -5,6 +5,7 @@
 #include "CliPrompt.h"
 
 #include "base/Globals.h"
+#include "base/SafeSave.h"
 #include "base/TextTable.h"
 
 #include <QCoreApplication>
@@ -36,6 +37,7 @@ void PrintHelp(QTextStream& out) {
 int main(int argc, char** argv) {
     using namespace quillon;
     using namespace quillon::cli;
+    FailWritesOverTheSizeLimit();
     QCoreApplication app(argc, argv);
     g_strAppDir = QCoreApplication::applicationDirPath() + u'/';
     ScopedPrompt prompt(TheCliPrompt());

@@ -1,8 +1,10 @@
 // Quillon: configures and monitors R770 variable-frequency inverters.
 
+#include "base/SafeSave.h"
 #include "shell/M330App.h"
 
 int main(int argc, char** argv) {
+    quillon::FailWritesOverTheSizeLimit();
     quillon::CM330App app(argc, argv);
     if (!app.InitInstance()) return 1;
     const int rc = app.exec();
