@@ -1,20 +1,16 @@
-// kcomfile.ini, the recent-project list and the command line; every file the program writes
-// against a disk that refuses it.
+// kcomfile.ini, the recent-project list and the command line; the session files against a disk
+// that refuses them.
 
 #include "base/CommSettings.h"
 #include "base/Globals.h"
-#include "base/SafeSave.h"
 #include "link/PortSessionFile.h"
-#include "params/ProjectFile.h"
 #include "shell/RecentFileList.h"
 #include "shell/StartupArgs.h"
 #include "support/ProgramRun.h"
-#include "support/TestDirs.h"
 
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
-#include <cstdio>
 #include <cstdlib>
 #include <functional>
 #include <gmock/gmock.h>
@@ -136,23 +132,15 @@ TEST_F(CommSettingsTest, UnwritableProgramDirectoryFallsBackOnTheTemporaryDirect
     EXPECT_EQ(g_nComPort, 9);
 }
 
-// A full disk, played by a file size limit of 4 bytes in a child process: each file fails with
-// the system's reason, the old one stays byte for byte, and no temporary file is left behind.
+// A full disk, played by a file size limit of 4 bytes in a child process: each session file fails
+// with the system's reason, the old one stays byte for byte, no temporary file is left behind.
+// (The project file: CliTransferTest.)
 TEST_F(CommSettingsTest, EveryFileKeepsItsOldContentWhenTheDiskRefusesTheNewOne) {
-    SessionState session;
-    session.m_strAppDir = test::DataDir();
-    const CM330Doc doc(session);
-    const QString project = m_app.filePath("p.qpj"), recent = m_app.filePath("recent.ini");
+    const QString recent = m_app.filePath("recent.ini");
     const struct {
         QString path;
         std::function<void()> save;
     } cases[] = {
-        {project,
-         [&] {
-             QString error;
-             if (!SaveProjectDocument(doc, project, error))
-                 std::fprintf(stderr, "%s\n", qPrintable(SaveFailureText(project, error)));
-         }},
         {CommSettingsPrimaryPath(), [] { SaveCommSettings(); }},
         {PortSessionPrimaryPath(), [] { WritePortSession(PortSession{"COM3", {}, {}}); }},
         {recent,
@@ -172,7 +160,7 @@ TEST_F(CommSettingsTest, EveryFileKeepsItsOldContentWhenTheDiskRefusesTheNewOne)
         ASSERT_TRUE(file.open(QIODevice::ReadOnly));
         EXPECT_EQ(file.readAll(), old) << c.path.toStdString();
     }
-    EXPECT_EQ(QDir(m_app.path()).entryList(QDir::Files | QDir::Hidden).size(), 4);
+    EXPECT_EQ(QDir(m_app.path()).entryList(QDir::Files | QDir::Hidden).size(), 3);
     EXPECT_TRUE(QDir(m_tmp.path()).isEmpty());
 }
 
