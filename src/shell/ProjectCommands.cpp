@@ -1,9 +1,9 @@
 #include "shell/ProjectCommands.h"
 
-#include "base/SafeSave.h"
 #include "base/Globals.h"
 #include "base/PathName.h"
 #include "base/Prompt.h"
+#include "base/SafeSave.h"
 #include "base/StatusPanes.h"
 #include "base/TextTable.h"
 #include "params/ModelTable.h"
