@@ -7,9 +7,19 @@ namespace {
 void Err(const QString& text) { std::fprintf(stderr, "%s\n", text.toUtf8().constData()); }
 }  // namespace
 
-void CliPrompt::Message(const QString& text, MessageKind) {
+void CliPrompt::Message(const QString& text, MessageKind kind) {
     ++m_messages;
-    Err(text);
+    if (m_hold && kind == MessageKind::Information)
+        m_held << text;
+    else
+        Err(text);
+}
+
+void CliPrompt::ReleaseHeld(bool show) {
+    if (show)
+        for (const QString& text : m_held) Err(text);
+    m_held.clear();
+    m_hold = false;
 }
 
 Answer CliPrompt::Ask(const QString& text, Answer yes, Answer no) {

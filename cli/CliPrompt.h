@@ -4,6 +4,8 @@
 
 #include "base/Prompt.h"
 
+#include <QStringList>
+
 namespace quillon::cli {
 
 class CliPrompt final : public IPrompt {
@@ -26,11 +28,18 @@ public:
     void SetStation(std::optional<int> station) { m_station = station; }
     // Messages shown so far: a command that showed one has something to report as a failure.
     int MessageCount() const { return m_messages; }
+    // From now on information messages wait for ReleaseHeld: a success that only stands once the
+    // command's own last step (saving its file) has worked.
+    void HoldInformation() { m_hold = true; }
+    // Prints what was held (`show`) or drops it, and stops holding.
+    void ReleaseHeld(bool show);
 
 private:
     Answer Ask(const QString& text, Answer yes, Answer no);
     bool m_yes;
     int m_messages = 0;
+    bool m_hold = false;
+    QStringList m_held;
     std::optional<int> m_station;
 };
 

@@ -5,6 +5,7 @@
 #include "CliPrompt.h"
 #include "TransferCli.h"
 
+#include "base/SafeSave.h"
 #include "params/ProjectFile.h"
 #include "transfer/TransferCommands.h"
 
@@ -32,6 +33,9 @@ int RunRead(const QStringList& args, QTextStream&) {
             return UsageError(QStringLiteral("read: unexpected argument '%1'").arg(rest[i]));
     }
     if (output.isEmpty()) return UsageError(QStringLiteral("read: give -o OUT.qpj"));
+    // A read that can't be kept is not started: the drive is not asked at all.
+    if (const QString problem = SaveTargetProblem(output); !problem.isEmpty())
+        return UsageError(QStringLiteral("read: ") + SaveFailureText(output, problem));
 
     CNotedLink link;
     if (!OpenLink(QStringLiteral("read"), options, link)) return kExitFailed;
@@ -40,6 +44,8 @@ int RunRead(const QStringList& args, QTextStream&) {
     CCliWindows windows(session, link);
     CliPrompt& prompt = TheCliPrompt();
     prompt.SetStation(options.station);
+    // "Read sucessful !" stands only once the project is on disk.
+    prompt.HoldInformation();
 
     CTransferCommands commands(session, windows);
     const auto t0 = std::chrono::steady_clock::now();
@@ -47,12 +53,16 @@ int RunRead(const QStringList& args, QTextStream&) {
     const double seconds =
         std::chrono::duration<double>(std::chrono::steady_clock::now() - t0).count();
     if (timing) PrintWireTiming(link, options.baud, "read", seconds);
-    if (!read || !windows.Document()) return kExitFailed;
-
+    if (!read || !windows.Document()) {
+        prompt.ReleaseHeld(true);
+        return kExitFailed;
+    }
     QString error;
-    if (!SaveProjectDocument(*windows.Document(), output, error)) {
-        std::fprintf(stderr, "quillon-cli: read: can't save %s: %s\n", qPrintable(output),
-                     qPrintable(error));
+    const bool saved = SaveProjectDocument(*windows.Document(), output, error);
+    prompt.ReleaseHeld(saved);
+    if (!saved) {
+        std::fprintf(stderr, "quillon-cli: read: %s\n",
+                     SaveFailureText(output, error).toUtf8().constData());
         return kExitFailed;
     }
     return kExitOk;

@@ -37,6 +37,12 @@ int RunWrite(const QStringList& args, QTextStream&) {
     const ProjectOpenResult opened = OpenProjectDocument(*doc, input);
     if (!opened.ok)
         return UsageError(QStringLiteral("write: can't open %1: %2").arg(input, opened.error));
+    // Catalogue values stand where the file was not read: they are not the project, and they
+    // would overwrite the drive's own. Refused before the port is opened.
+    if (!opened.unread.isEmpty())
+        return UsageError(
+            QStringLiteral("write: %1 was not read in full, nothing is sent: %2")
+                .arg(input, opened.unread));
 
     CDriveSerial link;
     if (!OpenLink(QStringLiteral("write"), options, link)) return kExitFailed;

@@ -5,6 +5,7 @@
 #include "CliPrompt.h"
 
 #include "base/Globals.h"
+#include "base/SafeSave.h"
 #include "base/TextTable.h"
 
 #include <QCoreApplication>
@@ -39,6 +40,7 @@ void PrintHelp(QTextStream& out) {
 int main(int argc, char** argv) {
     using namespace quillon;
     using namespace quillon::cli;
+    FailWritesOverTheSizeLimit();
     // Printing lays out text in real fonts, which takes a GUI application; without a display it
     // runs on the offscreen platform. Every other command stays a plain console program.
     const bool printing = argc > 1 && std::string_view(argv[1]) == "print";

@@ -1,11 +1,11 @@
 #include "base/CommSettings.h"
 
 #include "base/Globals.h"
+#include "base/SafeSave.h"
 #include "base/TextConv.h"
 #include "base/TextFile.h"
 
 #include <QDir>
-#include <QFile>
 
 namespace quillon {
 
@@ -20,13 +20,7 @@ void SaveCommSettings() {
                           g_nParityIndex, g_nStopBitsIndex)
             .toUtf8() +
         g_strStationList.toUtf8() + '\n';
-    for (const QString& path : {CommSettingsPrimaryPath(), CommSettingsFallbackPath()}) {
-        QFile file(path);
-        if (file.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
-            file.write(content);
-            return;
-        }
-    }
+    SaveSessionFile({CommSettingsPrimaryPath(), CommSettingsFallbackPath()}, content);
 }
 
 void ApplyCommSettingsLines(const std::vector<QString>& lines) {

@@ -11,7 +11,8 @@ namespace quillon {
 
 inline constexpr const char* kCommSettingsName = "/kcomfile.ini";
 
-// Writes the process-wide settings. Nothing is reported when neither place can be written.
+// Writes the process-wide settings, in the program directory or else the temporary one; when
+// neither takes them the person is told why (SaveSessionFile).
 void SaveCommSettings();
 // Reads them back; a file that can't be read leaves the current values standing.
 void LoadCommSettings();

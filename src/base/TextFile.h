@@ -13,8 +13,9 @@ namespace quillon {
 // Files beside the program are small; anything larger is not one of ours and is refused.
 inline constexpr qint64 kMaxDataFileBytes = 16 * 1024 * 1024;
 
-// The whole file, or nullopt when it can't be opened or is too large.
-std::optional<QByteArray> ReadSmallFile(const QString& path);
+// The whole file, or nullopt when it can't be read: missing, no permission, not a regular file
+// (a folder, a pipe, a device) or larger than the limit. `why`, when given, gets the reason.
+std::optional<QByteArray> ReadSmallFile(const QString& path, QString* why = nullptr);
 
 // Lines without their line ending. A last line without LF counts if it is not empty.
 std::vector<QString> SplitTextLines(const QByteArray& bytes);

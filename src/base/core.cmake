@@ -8,6 +8,7 @@ target_sources(quillon_core PRIVATE
   ${CMAKE_CURRENT_LIST_DIR}/GraphSettings.cpp
   ${CMAKE_CURRENT_LIST_DIR}/PathName.cpp
   ${CMAKE_CURRENT_LIST_DIR}/Prompt.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/SafeSave.cpp
   ${CMAKE_CURRENT_LIST_DIR}/StatusPanes.cpp
   ${CMAKE_CURRENT_LIST_DIR}/TextConv.cpp
   ${CMAKE_CURRENT_LIST_DIR}/TextFile.cpp

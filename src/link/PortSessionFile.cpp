@@ -1,11 +1,11 @@
 #include "link/PortSessionFile.h"
 
 #include "base/Globals.h"
+#include "base/SafeSave.h"
 #include "base/TextConv.h"
 #include "base/TextFile.h"
 
 #include <QDir>
-#include <QSaveFile>
 
 namespace quillon {
 namespace {
@@ -94,13 +94,8 @@ std::optional<PortSession> ReadPortSession()
 
 bool WritePortSession(const PortSession& session)
 {
-    const QByteArray content = FormatPortSession(session);
-    for (const QString& path : {PortSessionPrimaryPath(), PortSessionFallbackPath()}) {
-        QSaveFile file(path);
-        if (file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.commit())
-            return true;
-    }
-    return false;
+    return SaveSessionFile({PortSessionPrimaryPath(), PortSessionFallbackPath()},
+                           FormatPortSession(session));
 }
 
 }  // namespace quillon

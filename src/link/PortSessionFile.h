@@ -35,7 +35,7 @@ QByteArray FormatPortSession(const PortSession& session);
 
 // nullopt when neither place can be read or the file is shorter than 4 bytes.
 std::optional<PortSession> ReadPortSession();
-// False when neither place can be written.
+// False when neither place can be written; the person is told why (SaveSessionFile).
 bool WritePortSession(const PortSession& session);
 
 }  // namespace quillon

@@ -1,12 +1,11 @@
 #include "params/ProjectFile.h"
 
 #include "base/Globals.h"
+#include "base/SafeSave.h"
 #include "base/TextFile.h"
 #include "base/TextTable.h"
 #include "params/Archive.h"
 #include "params/ModelTable.h"
-
-#include <QSaveFile>
 
 namespace quillon {
 namespace {
@@ -89,7 +88,7 @@ QByteArray WriteProject(const CM330Doc& doc) {
     return out.Bytes();
 }
 
-qint32 ReadProject(CM330Doc& doc, QByteArrayView bytes) {
+qint32 ReadProject(CM330Doc& doc, QByteArrayView bytes, qsizetype* unread) {
     SessionState& session = doc.Session();
     // The error text is only a record of the last load; nobody shows it.
     doc.m_strLoadError = LoadText(TextId::CantOpenFile);
@@ -97,6 +96,7 @@ qint32 ReadProject(CM330Doc& doc, QByteArrayView bytes) {
 
     CArchiveReader in(bytes);
     const qint32 version = in.ReadInt();
+    if (unread) *unread = in.Remaining();
     if (version > kProjectFileVersion) {
         // A file of a newer program: the document stays on its catalogue values, silently.
         doc.m_strLoadError = LoadText(TextId::FileVersionTooNew);
@@ -134,22 +134,25 @@ qint32 ReadProject(CM330Doc& doc, QByteArrayView bytes) {
         titles.m_strDepartment = in.ReadText();
         doc.m_printTitles = std::move(titles);
     }
+    if (unread) *unread = in.Remaining();
     return version;
 }
 
 ProjectOpenResult OpenProjectDocument(CM330Doc& doc, const QString& path) {
     ProjectOpenResult result;
-    const auto bytes = ReadSmallFile(path);
-    if (!bytes) {
-        result.error = QStringLiteral("the file can't be read");
-        return result;
-    }
+    const auto bytes = ReadSmallFile(path, &result.error);
+    if (!bytes) return result;
+    qsizetype unread = 0;
     try {
-        result.version = ReadProject(doc, *bytes);
+        result.version = ReadProject(doc, *bytes, &unread);
     } catch (const ArchiveError& e) {
         result.error = QString::fromStdString(e.what());
         return result;
     }
+    if (result.version > kProjectFileVersion)
+        result.unread = doc.m_strLoadError;
+    else if (unread > 0)
+        result.unread = QStringLiteral("%1 bytes behind the last field").arg(unread);
     doc.LoadInitialTable(CM330Doc::InitialTablePath());
     doc.m_bApplyToSetValue = 1;
     result.ok = true;
@@ -157,14 +160,8 @@ ProjectOpenResult OpenProjectDocument(CM330Doc& doc, const QString& path) {
 }
 
 bool SaveProjectDocument(const CM330Doc& doc, const QString& path, QString& error) {
-    QSaveFile file(path);
-    const QByteArray bytes = WriteProject(doc);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit()) {
-        error = file.errorString();
-        file.cancelWriting();
-        return false;
-    }
-    return true;
+    error = SaveFileAtomically(path, WriteProject(doc));
+    return error.isEmpty();
 }
 
 }  // namespace quillon

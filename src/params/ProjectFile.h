@@ -33,13 +33,18 @@ QByteArray WriteProject(const CM330Doc& doc);
 // in force. A version above 2 is noted in m_strLoadError and nothing further is read (the document
 // keeps its catalogue values and nobody is told). Returns the version field.
 // Raises ArchiveError for data that ends early or holds a text of 100 bytes or more, and the range
-// failure for a row the file flags beyond the catalogue.
-qint32 ReadProject(CM330Doc& doc, QByteArrayView bytes);
+// failure for a row the file flags beyond the catalogue. `unread`, when given, gets the number of
+// bytes behind the last field read.
+qint32 ReadProject(CM330Doc& doc, QByteArrayView bytes, qsizetype* unread = nullptr);
 
 struct ProjectOpenResult {
     bool ok = false;
     QString error;       // why the open failed
     qint32 version = 0;  // the file's version field
+    // Why the file was not read in full (a newer version, bytes behind the last field); empty
+    // when it was. Such a file opens with catalogue values where it wasn't read: good enough to
+    // look at, never to send to a drive.
+    QString unread;
 };
 
 // The document's side of opening a project: read the file, then refresh the model-dependent
@@ -48,8 +53,8 @@ struct ProjectOpenResult {
 // the document must then be thrown away.
 ProjectOpenResult OpenProjectDocument(CM330Doc& doc, const QString& path);
 
-// Writes the project to a temporary file beside `path` and renames it over `path`, so a failed
-// save leaves the previous file whole. False with the reason in `error` when it can't be written.
+// Saves the project all or nothing (SaveFileAtomically): a failed save leaves the previous file
+// whole. False with the system's reason in `error` when it can't be written.
 bool SaveProjectDocument(const CM330Doc& doc, const QString& path, QString& error);
 
 }  // namespace quillon

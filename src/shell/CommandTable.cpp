@@ -55,8 +55,8 @@ constexpr std::array kCommands{
     CommandInfo{CmdId::GraphWatch, "&Graph Watch", "Graph Watch", nullptr, R::Frame, E::ProjectOpen, C::None},
     CommandInfo{CmdId::KeyPad, "&KeyPad", "KeyPad", nullptr, R::Frame, E::Online, C::None},
     CommandInfo{CmdId::AutoRefresh, "&Auto Refresh", nullptr, nullptr, R::View, E::RefreshToggle, C::AutoRefresh},
-    CommandInfo{CmdId::PasswordSet, "&Set...", nullptr, nullptr, R::Frame, E::OnlineIsOne, C::None},
-    CommandInfo{CmdId::PasswordClear, "&Clear...", nullptr, nullptr, R::Frame, E::Online, C::None},
+    CommandInfo{CmdId::PasswordSet, "设置...(&R)", nullptr, nullptr, R::Frame, E::OnlineIsOne, C::None},
+    CommandInfo{CmdId::PasswordClear, "解除...(&D)", nullptr, nullptr, R::Frame, E::Online, C::None},
     CommandInfo{CmdId::ChangeComm, "Change Communication &Parameters...", nullptr, nullptr, R::View, E::Online, C::None},
     // View
     CommandInfo{CmdId::ViewToolbar, "&Toolbar", nullptr, nullptr, R::Frame, E::Always, C::ToolbarVisible},

@@ -3,6 +3,7 @@
 #include "base/Globals.h"
 #include "base/PathName.h"
 #include "base/Prompt.h"
+#include "base/SafeSave.h"
 #include "base/StatusPanes.h"
 #include "base/TextTable.h"
 #include "params/ModelTable.h"
@@ -175,8 +176,7 @@ CProjectCommands::SaveResult CProjectCommands::SaveDocument(bool askForPath) {
     if (!SaveProjectDocument(*m_doc, path, error)) {
         // Without a path the next Save asks for one.
         m_session.m_strProjectPath.clear();
-        Prompt().Message(QStringLiteral("Can't save the file!\n\n%1\n%2").arg(path, error),
-                         MessageKind::Error);
+        Prompt().Message(SaveFailureText(path, error), MessageKind::Error);
         return SaveResult::Failed;
     }
     m_session.m_strProjectPath = path;

@@ -1,13 +1,38 @@
 #include "shell/RecentFileList.h"
 
+#include "base/SafeSave.h"
+
 #include <QDir>
+#include <QFileInfo>
 #include <QSettings>
 #include <QStandardPaths>
+#include <QUrl>
+#include <algorithm>
 
 namespace quillon {
 namespace {
 const QString kSection = QStringLiteral("My Recent File List");
 QString Key(int i) { return QString::asprintf("MyFile%d", i + 1); }
+
+// A value as the INI reader takes it back whole. A plain path is written as it stands; anything
+// else is quoted, so that commas, semicolons and blanks at either end stay, with a backslash, a
+// quote and line breaks escaped and a leading "@", which would mark a typed value, doubled.
+QByteArray IniValue(const QString& value) {
+    const auto plain = [](QChar c) {
+        return (c.unicode() < 128 && c.isLetterOrNumber()) || QStringView(u"/._-:+~").contains(c);
+    };
+    if (!value.isEmpty() && std::all_of(value.begin(), value.end(), plain)) return value.toLatin1();
+    QByteArray out = value.startsWith(u'@') ? "\"@" : "\"";
+    for (const char c : value.toUtf8()) {
+        if (c == '\n' || c == '\r') {
+            out += c == '\n' ? "\\n" : "\\r";
+            continue;
+        }
+        if (c == '"' || c == '\\') out += '\\';
+        out += c;
+    }
+    return out + '"';
+}
 }  // namespace
 
 CRecentFileList::CRecentFileList(QString iniPath)
@@ -29,13 +54,13 @@ void CRecentFileList::ReadList() {
     }
 }
 
-void CRecentFileList::WriteList() const {
-    QSettings settings(m_iniPath, QSettings::IniFormat);
-    settings.remove(kSection);
-    settings.beginGroup(kSection);
-    for (int i = 0; i < Size(); ++i) settings.setValue(Key(i), m_entries[i]);
-    settings.endGroup();
-    settings.sync();
+bool CRecentFileList::WriteList() const {
+    // The file holds this list alone, so it is written whole, the way every file of ours is saved.
+    QByteArray text = "[" + QUrl::toPercentEncoding(kSection) + "]\n";
+    for (int i = 0; i < Size(); ++i)
+        text += Key(i).toLatin1() + '=' + IniValue(m_entries[i]) + '\n';
+    QDir().mkpath(QFileInfo(m_iniPath).absolutePath());
+    return SaveSessionFile({m_iniPath}, text);
 }
 
 void CRecentFileList::Add(const QString& path) {

@@ -16,7 +16,8 @@ public:
     explicit CRecentFileList(QString iniPath = {});
 
     void ReadList();
-    void WriteList() const;
+    // Saves the list all or nothing; a failure is told to the person (SaveSessionFile).
+    bool WriteList() const;
 
     // Puts `path` at the top; an entry already there moves up, the oldest falls off.
     void Add(const QString& path);

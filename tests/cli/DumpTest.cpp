@@ -5,7 +5,9 @@
 #include "support/ProgramRun.h"
 #include "support/TestDirs.h"
 
+#include <QFile>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 using namespace quillon;
 
@@ -17,9 +19,9 @@ struct DumpRun {
     QString err;
 };
 
-DumpRun Dump(const QStringList& args) {
-    const test::ProgramRun run =
-        test::RunProgram(QStringLiteral(QUILLON_CLI_PATH), QStringList{"dump"} + args);
+DumpRun Dump(const QStringList& args, int timeoutMs = 30000) {
+    const test::ProgramRun run = test::RunProgram(QStringLiteral(QUILLON_CLI_PATH),
+                                                  QStringList{"dump"} + args, timeoutMs);
     return DumpRun{run.code, run.OutLines(), run.err};
 }
 
@@ -82,15 +84,22 @@ TEST(CliDump, BadFilesFailWithAMessage) {
     const QByteArray version3("\x03\x00\x00\x00", 4);
     QByteArray longText("\x02\x00\x00\x00\xC9\x00\x00\x00\x64\x00\x00\x00", 12);
     longText.append(QByteArray(100, 'x'));
+    // Not a project at all: the system's reason, at once, also for a pipe nobody writes to.
+    ASSERT_EQ(::mkfifo(dir.File("fifo.qpj").toLocal8Bit().constData(), 0600), 0);
+    QFile huge(write("huge.qpj", QByteArray()));
+    ASSERT_TRUE(huge.resize(17 * 1024 * 1024));
     const Case cases[] = {
-        {dir.File("missing.qpj"), "can't be read"},
+        {dir.File("missing.qpj"), "missing.qpj: No such file or directory"},
+        {dir.Path(), "Is a directory"},
+        {dir.File("fifo.qpj"), "not a regular file"},
+        {huge.fileName(), "larger than 16 MB"},
         {write("empty.qpj", QByteArray()), "ends"},
         {write("short.qpj", QByteArray("\x02\x00\x00\x00\xC9\x00", 6)), "ends"},
         {write("long.qpj", longText), "shorter than 100"},
         {write("v3.qpj", version3), "too old"},
     };
     for (const Case& c : cases) {
-        const DumpRun r = Dump({c.path});
+        const DumpRun r = Dump({c.path}, 10000);
         EXPECT_EQ(r.code, 1) << c.path.toStdString();
         EXPECT_TRUE(r.err.contains(c.says)) << r.err.toStdString();
         EXPECT_TRUE(r.lines.isEmpty()) << c.path.toStdString();

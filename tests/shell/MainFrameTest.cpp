@@ -75,6 +75,8 @@ TEST(MainFrame, MenusAndCommandStatesFollowTheSession) {
                    CmdId::SimplifiedGroup})
         EXPECT_TRUE(s.Enabled(id)) << id;
     EXPECT_FALSE(s.Enabled(CmdId::GroupCommand(5)));
+    EXPECT_EQ(s.frame->Action(CmdId::PasswordSet)->text(), "设置...(&R)");
+    EXPECT_EQ(s.frame->Action(CmdId::PasswordClear)->text(), "解除...(&D)");
     EXPECT_TRUE(s.frame->Action(CmdId::AutoRefresh)->isChecked());
 
     // Project Window toggles the docking bar and its check mark.

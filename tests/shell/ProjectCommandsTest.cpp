@@ -215,10 +215,11 @@ TEST(ProjectCommands, SaveSaveAsAndAFailedSave) {
     {
         // A path that can't be written: a message, and no path, so the next Save asks again.
         ScriptedPrompt prompt;
-        prompt.FileName(f.dir.File("no such folder/x.qpj"));
+        const QString nowhere = f.dir.File("no such folder/x.qpj");
+        prompt.FileName(nowhere);
         f.commands.OnFileSaveAs();
-        ASSERT_EQ(prompt.Messages().size(), 1);
-        EXPECT_TRUE(prompt.Messages()[0].startsWith("Can't save the file!"));
+        EXPECT_EQ(prompt.Messages(),
+                  QStringList{"can't save " + nowhere + ": No such file or directory"});
         EXPECT_TRUE(f.session.m_strProjectPath.isEmpty());
         prompt.FileName(QString());
         f.commands.OnFileSave();

@@ -1,14 +1,22 @@
-// kcomfile.ini, the recent-project list and the command line.
+// kcomfile.ini, the recent-project list and the command line; the session files against a disk
+// that refuses them.
 
 #include "base/CommSettings.h"
 #include "base/Globals.h"
+#include "link/PortSessionFile.h"
 #include "shell/RecentFileList.h"
 #include "shell/StartupArgs.h"
 #include "support/TestDirs.h"
+#include "support/ProgramRun.h"
 
+#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
+#include <cstdlib>
+#include <functional>
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 using namespace quillon;
 
@@ -26,6 +34,19 @@ protected:
     quillon::test::PrivateTempDir m_tmp;
     quillon::test::TempAppDir m_app;
 };
+
+// What `save` says on stderr when it runs in a child process whose files can't grow past 4 bytes
+// (stderr goes to a pipe, which no size limit touches).
+QString SaidOnAFullDisk(const std::function<void()>& save) {
+    int pipe[2];
+    if (::pipe(pipe) != 0) return QString();
+    EXPECT_EXIT((::dup2(pipe[1], 2), test::LimitFileSize(4), save(), ::_exit(0)),
+                testing::ExitedWithCode(0), "");
+    ::close(pipe[1]);
+    QFile said;
+    said.open(pipe[0], QIODevice::ReadOnly, QFileDevice::AutoCloseHandle);
+    return QString::fromUtf8(said.readAll());
+}
 
 }  // namespace
 
@@ -100,6 +121,46 @@ TEST_F(CommSettingsTest, UnwritableProgramDirectoryFallsBackOnTheTemporaryDirect
     EXPECT_EQ(g_nComPort, 9);
 }
 
+// A full disk, played by a file size limit of 4 bytes in a child process: each session file fails
+// with the system's reason, the old one stays byte for byte, no temporary file is left behind.
+// (The project file: CliTransferTest.)
+TEST_F(CommSettingsTest, EveryFileKeepsItsOldContentWhenTheDiskRefusesTheNewOne) {
+    const QString recent = m_app.File("recent.ini");
+    const struct {
+        QString path;
+        std::function<void()> save;
+    } cases[] = {
+        {CommSettingsPrimaryPath(), [] { SaveCommSettings(); }},
+        {PortSessionPrimaryPath(), [] { WritePortSession(PortSession{"COM3", {}, {}}); }},
+        {recent,
+         [&] {
+             CRecentFileList list(recent);
+             list.Add("/p/a.qpj");
+             list.WriteList();
+         }},
+    };
+    const QByteArray old(64, 'o');
+    const auto files = [](const QString& dir) {
+        return QDir(dir).entryList(QDir::Files | QDir::Hidden | QDir::Dirs | QDir::NoDotAndDotDot);
+    };
+    for (const auto& c : cases) {
+        QFile file(c.path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(old) == old.size());
+    }
+    const QStringList appBefore = files(m_app.Path()), tmpBefore = files(m_tmp.Path());
+    for (const auto& c : cases) {
+        QFile file(c.path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(old) == old.size());
+        file.close();
+        EXPECT_THAT(SaidOnAFullDisk(c.save).toStdString(),
+                    testing::HasSubstr("can't save " + c.path.toStdString() + ": File too large"));
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        EXPECT_EQ(file.readAll(), old) << c.path.toStdString();
+    }
+    EXPECT_EQ(files(m_app.Path()), appBefore);
+    EXPECT_EQ(files(m_tmp.Path()), tmpBefore);
+}
+
 TEST(RecentFileList, KeepsEightNewestFirstAndStoresThemUnderTheirKeys) {
     QTemporaryDir dir;
     const QString ini = dir.filePath("recent.ini");
@@ -128,6 +189,14 @@ TEST(RecentFileList, KeepsEightNewestFirstAndStoresThemUnderTheirKeys) {
     ASSERT_EQ(again.Size(), 7);
     EXPECT_EQ(again.At(1), "/p/project8.qpj");
     EXPECT_TRUE(again.At(7).isEmpty());
+
+    // Paths the INI form would change otherwise come back as they went in.
+    const QStringList odd{"@odd.qpj", QString::fromUtf8(" /p/a, b; \"c\" \\d=#参数.qpj ")};
+    for (const QString& path : odd) list.Add(path);
+    list.WriteList();
+    again.ReadList();
+    EXPECT_EQ(again.At(0), odd[1]);
+    EXPECT_EQ(again.At(1), odd[0]);
 }
 
 TEST(RecentFileList, DisplayNameIsCutToThirtyCharactersKeepingTheEnd) {

@@ -1,12 +1,22 @@
 #include "support/ProgramRun.h"
 
 #include <QProcess>
+#include <csignal>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 namespace quillon::test {
 
-ProgramRun RunProgram(const QString& program, const QStringList& args, int timeoutMs) {
+void LimitFileSize(long bytes) {
+    const rlimit limit{static_cast<rlim_t>(bytes), static_cast<rlim_t>(bytes)};
+    ::setrlimit(RLIMIT_FSIZE, &limit);
+    std::signal(SIGXFSZ, SIG_IGN);
+}
+
+ProgramRun RunProgram(const QString& program, const QStringList& args, int timeoutMs,
+                      const std::function<void()>& inChild) {
     QProcess p;
+    if (inChild) p.setChildProcessModifier(inChild);
     p.start(program, args);
     ProgramRun r;
     if (!p.waitForFinished(timeoutMs)) {

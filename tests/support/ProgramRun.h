@@ -3,6 +3,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <functional>
 
 namespace quillon::test {
 
@@ -14,7 +15,12 @@ struct ProgramRun {
 };
 
 // Starts `program` with `args`, waits up to `timeoutMs`; a program that doesn't finish is
-// killed and fails the test.
-ProgramRun RunProgram(const QString& program, const QStringList& args, int timeoutMs = 30000);
+// killed and fails the test. `inChild` runs in the child before the program starts (limits).
+ProgramRun RunProgram(const QString& program, const QStringList& args, int timeoutMs = 30000,
+                      const std::function<void()>& inChild = {});
+
+// Makes every file write past `bytes` fail with "File too large" in this process and the
+// programs it starts, the way a full disk fails it.
+void LimitFileSize(long bytes);
 
 }  // namespace quillon::test

@@ -9,6 +9,7 @@
 #include "support/ProgramRun.h"
 #include "support/TestDirs.h"
 
+#include <QFile>
 #include <QTemporaryDir>
 #include <chrono>
 #include <gtest/gtest.h>
@@ -16,8 +17,13 @@
 namespace quillon::test {
 namespace {
 
-ProgramRun Cli(const QStringList& args) {
-    return RunProgram(QStringLiteral(QUILLON_CLI_PATH), args);
+ProgramRun Cli(const QStringList& args, const std::function<void()>& inChild = {}) {
+    return RunProgram(QStringLiteral(QUILLON_CLI_PATH), args, 30000, inChild);
+}
+
+QByteArray Bytes(const QString& path) {
+    QFile f(path);
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
 }
 
 // One drive, station 3 of model 201, behind a module on a free loopback port.
@@ -78,6 +84,45 @@ TEST_F(CliTransferTest, WriteAnswersNoUnlessTold) {
     const qsizetype list = yes.err.indexOf(QStringLiteral("未写入马达参数"));
     ASSERT_GE(list, 0) << yes.err.toStdString();
     EXPECT_GT(yes.err.indexOf(QStringLiteral("Write successful!")), list);
+}
+
+// A disk that takes no more than 64 bytes of a file: the read fails with the reason, says no
+// success, and the project that was there keeps every byte.
+TEST_F(CliTransferTest, ReadOntoAFullDiskKeepsTheOldProjectAndFails) {
+    const QString path = Project(201);
+    const QByteArray before = Bytes(path);
+    const ProgramRun r = Cli({"read", "--tcp", m_tcp, "--station", "3", "-o", path},
+                             [] { LimitFileSize(64); });
+    EXPECT_EQ(r.code, 1);
+    EXPECT_TRUE(r.err.contains("can't save " + path + ": File too large")) << r.err.toStdString();
+    EXPECT_FALSE(r.err.contains("Read sucessful !")) << r.err.toStdString();
+    EXPECT_EQ(Bytes(path), before);
+}
+
+// What can't be sent whole or kept is refused before the port is opened: exit 2, where a link
+// that was opened would have read or written the drive.
+TEST_F(CliTransferTest, FilesThatCantBeSentOrKeptStopBeforeTheLink) {
+    const QByteArray project = Bytes(Project(201));
+    const auto write = [this](const char* name, const QByteArray& bytes) {
+        QFile f(File(name));
+        EXPECT_TRUE(f.open(QIODevice::WriteOnly) && f.write(bytes) == bytes.size());
+        return f.fileName();
+    };
+    const struct {
+        QStringList args;
+        const char* says;
+    } cases[] = {
+        {{"write", "--yes", write("v3.qpj", QByteArray(project).replace(0, 1, "\x03"))},
+         "please download the latest version"},
+        {{"write", "--yes", write("tail.qpj", project + "x")}, "1 bytes behind the last field"},
+        {{"read", "-o", File("none/x.qpj")}, "No such file or directory"},
+        {{"read", "-o", m_dir.path()}, "Is a directory"},
+    };
+    for (const auto& c : cases) {
+        const ProgramRun r = Cli(c.args + QStringList{"--tcp", m_tcp, "--station", "3"});
+        EXPECT_EQ(r.code, 2) << r.err.toStdString();
+        EXPECT_TRUE(r.err.contains(c.says)) << r.err.toStdString();
+    }
 }
 
 TEST_F(CliTransferTest, DriveOrLinkFailureExitsWithOneAndBadArgumentsWithTwo) {
