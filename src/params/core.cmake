@@ -3,6 +3,7 @@ target_sources(quillon_core PRIVATE
   ${CMAKE_CURRENT_LIST_DIR}/CatalogueReader.cpp
   ${CMAKE_CURRENT_LIST_DIR}/M330Doc.cpp
   ${CMAKE_CURRENT_LIST_DIR}/ModelSpec.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/ModelLimits.cpp
   ${CMAKE_CURRENT_LIST_DIR}/ModelTable.cpp
   ${CMAKE_CURRENT_LIST_DIR}/Overlays.cpp
   ${CMAKE_CURRENT_LIST_DIR}/ProjectFile.cpp

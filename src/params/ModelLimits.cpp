@@ -1,4 +1,4 @@
-#include "editing/ModelLimits.h"
+#include "params/ModelLimits.h"
 
 #include "base/TextConv.h"
 
