@@ -127,6 +127,9 @@ struct OptionList {
     std::span<const char* const> entries;
 };
 std::span<const OptionList> OptionLists();
+// The index in OptionLists() of the list a parameter offers, by its code ("00-03" gives the list
+// written for 00-02); -1 for a code without a list.
+int OptionListIndex(const char* code);
 // The list of a row; empty entries for a row without one.
 std::span<const char* const> OptionsOf(const ParamSpec& spec);
 // The reset codes of 13-08 and F32, index 1.. gives "1150", "1160", "1250", "1260", "1350",

@@ -9,7 +9,6 @@
 #include "params/M330Doc.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace quillon {
 namespace {
@@ -41,14 +40,6 @@ constexpr PartnerRule kPartnerRules[] = {
     {2, 0, 0x0201, true, -1, "The value of 02-00 must be less than the value of 02-01!"},
     {2, 1, -1, false, 0x0200, "The value of 02-00 must be less than the value of 02-01!"},
 };
-
-// The value a row goes out with, before it is cut to 16 bits: what the checks compare.
-double ScaledValue(int group, int row, const QString& text) {
-    const RegFormat format = ReadFormatOf(group, row);
-    const double scale = format == RegFormat::D2 ? 100.0 : format == RegFormat::D1 ? 10.0 : 1.0;
-    const double nudge = WriteScalingOf(group, row) == WriteScaling::Nudged ? 0.0001 : 0.0;
-    return std::trunc(Atof(text) * scale + nudge);
-}
 
 QString CommError() { return QStringLiteral("Communication error!"); }
 
@@ -117,7 +108,7 @@ bool CGroupWriter::FrameChecks(int group, int firstRow, const WriteSnapshot& sna
                                int station) {
     for (const PartnerRule& rule : kPartnerRules) {
         if (rule.group != group || rule.row != firstRow) continue;
-        const double value = ScaledValue(
+        const double value = GroupScaledValue(
             group, firstRow,
             snapshot[static_cast<std::size_t>(group)][static_cast<std::size_t>(firstRow)]);
         int upper = 0;

@@ -45,7 +45,7 @@ QString Changed(int group, int row, const QString& text) {
     const quint16 v = ParseRegisterText(format, text);
     if (format == RegFormat::B5) return FormatRegister(format, v ^ 1u);
     if (format == RegFormat::O5) return FormatRegister(format, (v & 7u) == 7u ? v - 1 : v + 1);
-    const int step = WriteScalingOf(group, row) == WriteScaling::WholeTimesTen ? 10 : 1;
+    const int step = GroupScalingOf(group, row) == GroupScaling::WholeTimesTen ? 10 : 1;
     for (int k = 1; k < 10; ++k) {
         const auto next = static_cast<quint16>(v + k * step);
         const QString changed = FormatRegister(format, next);
