@@ -186,8 +186,8 @@ void CParamPageLogic::SaveToDocument(CM330Doc& doc) {
         const QString& reference =
             m_written[static_cast<std::size_t>(s)] ? m_writtenValue[static_cast<std::size_t>(s)]
                                                    : row.m_strSetValue;
-        if (text != reference) CheckedAt(doc.m_rowChanged[m_page.group], c.row) = 1;
-        row.m_strSetValue = text;
+        doc.SetSetValue(m_page.group, c.row, text,
+                        text != reference ? RowMark::Changed : RowMark::Keep);
     }
 }
 
@@ -247,7 +247,7 @@ bool CParamPageLogic::OnWriteButton(int slot, PageContext& context) {
     m_writtenValue[static_cast<std::size_t>(slot)] = text;
     if (!WriteParameter(slot, text, station, context)) return false;
     m_written[static_cast<std::size_t>(slot)] = 1;
-    CheckedAt(context.doc.m_rowChanged[m_page.group], c.row) = 0;
+    context.doc.MarkWritten(m_page.group, c.row);
     if (context.refreshList) context.refreshList();
     Prompt().Message(QString::fromLatin1(PageText::kWriteSuccessful), MessageKind::Information);
     return true;
