@@ -41,12 +41,10 @@ struct RangeLimit {
 std::optional<RangeLimit> ModelRangeLimit(int group, int row, int modelCode,
                                           LimitCheck check = LimitCheck::Page);
 
-// Range texts that a page sets when it opens for every model alike: 03-08 and 04-01 "1~200",
-// 07-01 "0.0~6000.0", 07-07 and 09-08 "0~20", 10-04 "0.00~10.00". nullopt for any other row.
-std::optional<QString> FixedRangeText(int group, int row);
-
-// The range test of the pages: lower - 0.000001 < v and v < upper + 0.000001.
-bool WithinRange(double value, float lower, float upper);
+// The range test of the pages: lower - margin < v and v < upper + margin, the margin 0.000001
+// but where a page says otherwise.
+inline constexpr double kRangeMargin = 0.000001;
+bool WithinRange(double value, double lower, double upper, double margin = kRangeMargin);
 inline bool WithinRange(double value, const RangeLimit& limit) {
     return WithinRange(value, limit.lower, limit.upper);
 }

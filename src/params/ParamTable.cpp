@@ -47,10 +47,6 @@ bool IsDecimalNumber(const QString& text) {
 
 Converted Refused(ConvertError error) { return Converted{error, {}, 0}; }
 
-bool Within(double value, const ParamLimits& limits, double margin) {
-    return limits.lower - margin < value && value < limits.upper + margin;
-}
-
 Converted ConvertCombo(const ParamSpec& spec, const QString& text) {
     const int count = static_cast<int>(OptionsOf(spec).size());
     if (spec.comboValue == ComboValue::ResetCode) {
@@ -219,7 +215,7 @@ std::optional<ParamLimits> LimitsOf(const ParamSpec& spec, int modelCode, LimitC
 }
 
 double RangeMargin(const ParamSpec& spec, LimitCheck check) {
-    return spec.wideButtonMargin && check == LimitCheck::Button ? 0.00001 : 0.000001;
+    return spec.wideButtonMargin && check == LimitCheck::Button ? 0.00001 : kRangeMargin;
 }
 
 quint16 ButtonWriteValue(const ParamSpec& spec, const QString& text) {
@@ -258,7 +254,7 @@ Converted ConvertAndValidate(const ParamSpec& spec, const QString& text, int mod
         if (!IsDecimalNumber(text)) return Refused(ConvertError::NotANumber);
         const double value = Atof(text.trimmed());
         const auto limits = LimitsOf(spec, modelCode, check);
-        if (limits && !Within(value, *limits, RangeMargin(spec, check)))
+        if (limits && !WithinRange(value, limits->lower, limits->upper, RangeMargin(spec, check)))
             return Refused(ConvertError::BeyondRange);
         // The project keeps the value in the field's format, and the write sends that text.
         const QString shown = FormatFixed(value, spec.Decimals());

@@ -75,16 +75,7 @@ TEST(ModelRangeLimit, RatedDataOfTheMotorPage) {
     EXPECT_FALSE(ModelRangeLimit(0, 11, 201).has_value());
 }
 
-TEST(ModelRangeLimit, FixedTextsAndTheRangeMargin) {
-    EXPECT_EQ(FixedRangeText(3, 8), "1~200");
-    EXPECT_EQ(FixedRangeText(4, 1), "1~200");
-    EXPECT_EQ(FixedRangeText(7, 1), "0.0~6000.0");
-    EXPECT_EQ(FixedRangeText(7, 7), "0~20");
-    EXPECT_EQ(FixedRangeText(9, 8), "0~20");
-    EXPECT_EQ(FixedRangeText(10, 4), "0.00~10.00");
-    EXPECT_FALSE(FixedRangeText(10, 5).has_value());
-
-    // The bounds themselves pass (the float limit widened, within a millionth).
+TEST(ModelRangeLimit, TheRangeMargin) {
     EXPECT_TRUE(WithinRange(3.8, 0.2f, 3.8f));
     EXPECT_TRUE(WithinRange(0.2, 0.2f, 3.8f));
     EXPECT_FALSE(WithinRange(3.81, 0.2f, 3.8f));
