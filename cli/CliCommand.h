@@ -37,6 +37,8 @@ int RunDump(const QStringList& args, QTextStream& out);
 int RunIdentify(const QStringList& args, QTextStream& out);
 int RunRead(const QStringList& args, QTextStream& out);
 int RunWrite(const QStringList& args, QTextStream& out);
+int RunSet(const QStringList& args, QTextStream& out);
+int RunPageWrite(const QStringList& args, QTextStream& out);
 
 // The rows of a document, one a line: group, row, exists, code, default, set value (tab-separated).
 void PrintRows(const CM330Doc& doc, QTextStream& out);

@@ -6,7 +6,7 @@
 namespace quillon::cli {
 
 std::span<const CliCommand> Commands() {
-    static const std::array<CliCommand, 5> kCommands{{
+    static const std::array<CliCommand, 7> kCommands{{
         {"catalogue", "--model CODE [--freq 0|1]",
          "print the rows of a new project for a model: group, row, exists, code, default, set value",
          &RunCatalogue},
@@ -32,6 +32,16 @@ std::span<const CliCommand> Commands() {
          "write a project to a drive with the Write command's guards; questions are answered "
          "No unless --yes",
          &RunWrite},
+        {"set", "FILE.qpj CODE=VALUE... [-o OUT.qpj]",
+         "set values of a project through the checks of their editor pages; a refused value "
+         "leaves the file untouched", &RunSet},
+        {"page-write",
+         "(--port COMn | --tcp HOST[:PORT]) --station N [--baud B] [--data 7|8] "
+         "[--parity none|odd|even] [--stop 1|2] CODE VALUE [--model CODE] [--project FILE.qpj] "
+         "[--yes] [--timing]",
+         "write one parameter as its row's write button does, with every guard and rule; the "
+         "rest of its page from the project or a new one (model 1205 unless --model)",
+         &RunPageWrite},
     }};
     return kCommands;
 }

@@ -6,7 +6,6 @@
 #include "TransferCli.h"
 
 #include "params/ProjectFile.h"
-#include "sim/WireTiming.h"
 #include "transfer/TransferCommands.h"
 
 #include <chrono>
@@ -15,21 +14,6 @@
 namespace quillon::cli {
 
 CliPrompt& TheCliPrompt();
-
-namespace {
-
-// What the read took against what the line needs for the same frames at the same baud rate:
-// the bytes both ways, the silence that ends each request and the drive's turnaround.
-void PrintTiming(const CNotedLink& link, int baud, double seconds) {
-    const sim::WireTiming line{baud, sim::kDefaultTurnaroundMs};
-    double wire = 0.0;
-    for (const CNotedLink::Exchange& e : link.Exchanges())
-        wire += line.ExchangeSeconds(static_cast<int>(e.request), static_cast<int>(e.reply));
-    std::fprintf(stderr, "timing: frames %zu, read %.4f s, wire minimum %.4f s, ratio %.3f\n",
-                 link.Exchanges().size(), seconds, wire, wire > 0 ? seconds / wire : 0.0);
-}
-
-}  // namespace
 
 int RunRead(const QStringList& args, QTextStream&) {
     LinkOptions options;
@@ -62,7 +46,7 @@ int RunRead(const QStringList& args, QTextStream&) {
     const bool read = commands.OnRead();
     const double seconds =
         std::chrono::duration<double>(std::chrono::steady_clock::now() - t0).count();
-    if (timing) PrintTiming(link, options.baud, seconds);
+    if (timing) PrintWireTiming(link, options.baud, "read", seconds);
     if (!read || !windows.Document()) return kExitFailed;
 
     QString error;

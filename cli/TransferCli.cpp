@@ -5,6 +5,7 @@
 #include "link/ModbusFrame.h"
 #include "link/PortMap.h"
 #include "link/SearchProtocol.h"
+#include "sim/WireTiming.h"
 
 #include <QHostAddress>
 #include <QHostInfo>
@@ -115,6 +116,19 @@ bool OpenLink(const QString& command, const LinkOptions& o, CDriveSerial& link) 
     std::fprintf(stderr, "quillon-cli: %s: Can't Open the Port! %s\n", qPrintable(command),
                  link.OpenFailureDetail().toUtf8().constData());
     return false;
+}
+
+void PrintWireTiming(const CNotedLink& link, int baud, const char* what, double seconds,
+                     double pauseSeconds) {
+    const sim::WireTiming line{baud, sim::kDefaultTurnaroundMs};
+    double wire = 0.0;
+    for (const CNotedLink::Exchange& e : link.Exchanges())
+        wire += line.ExchangeSeconds(static_cast<int>(e.request), static_cast<int>(e.reply));
+    std::fprintf(stderr, "timing: frames %zu, %s %.4f s, wire minimum %.4f s, ratio %.3f\n",
+                 link.Exchanges().size(), what, seconds, wire, wire > 0 ? seconds / wire : 0.0);
+    if (pauseSeconds > 0)
+        std::fprintf(stderr, "timing: with the required pauses %.4f s, ratio %.3f\n",
+                     wire + pauseSeconds, seconds / (wire + pauseSeconds));
 }
 
 void PrepareSession(SessionState& session, int station) {

@@ -178,17 +178,38 @@ QString CParamPageLogic::RowText(int slot) const {
 }
 
 void CParamPageLogic::SaveToDocument(CM330Doc& doc) {
-    for (int s = 0; s < kPageRows; ++s) {
-        const PageControl& c = m_controls[static_cast<std::size_t>(s)];
-        if (!c.spec) continue;
-        ParamRow& row = doc.RowAt(m_page.group, c.row);
-        const QString text = RowText(s);
-        const QString& reference =
-            m_written[static_cast<std::size_t>(s)] ? m_writtenValue[static_cast<std::size_t>(s)]
-                                                   : row.m_strSetValue;
-        doc.SetSetValue(m_page.group, c.row, text,
-                        text != reference ? RowMark::Changed : RowMark::Keep);
+    for (int s = 0; s < kPageRows; ++s) SaveRow(doc, s);
+}
+
+void CParamPageLogic::SaveRow(CM330Doc& doc, int slot) {
+    const PageControl& c = m_controls.at(static_cast<std::size_t>(slot));
+    if (!c.spec) return;
+    ParamRow& row = doc.RowAt(m_page.group, c.row);
+    const QString text = RowText(slot);
+    const auto s = static_cast<std::size_t>(slot);
+    const QString& reference = m_written[s] ? m_writtenValue[s] : row.m_strSetValue;
+    doc.SetSetValue(m_page.group, c.row, text,
+                    text != reference ? RowMark::Changed : RowMark::Keep);
+}
+
+QString CParamPageLogic::EnterValue(int slot, const QString& value) {
+    PageControl& c = m_controls.at(static_cast<std::size_t>(slot));
+    if (!c.spec) return QStringLiteral("no control");
+    if (c.IsEdit() && OnEditChange(slot, c.text, value) != value) {
+        const auto limits = LimitsOf(*c.spec, m_nModelCode, LimitCheck::EditFilter);
+        return limits && Atof(value) > limits->upper
+                   ? QString::fromLatin1(PageText::kBeyondRange)
+                   : QStringLiteral("the field doesn't take \"%1\"").arg(value);
     }
+    const Converted converted = ConvertAndValidate(*c.spec, value, m_nModelCode, LimitCheck::Page);
+    // An entry beyond the list is out of range as much as a number beyond the limits.
+    if (converted.error == ConvertError::NoSuchEntry) return QString::fromLatin1(PageText::kBeyondRange);
+    if (!converted.Ok()) return ConvertErrorText(converted.error);
+    if (c.spec->control == ControlKind::Combo)
+        c.index = ComboIndexOf(*c.spec, converted.text);
+    else
+        c.text = converted.text;
+    return {};
 }
 
 int CParamPageLogic::MarkedSlot() const {

@@ -14,6 +14,7 @@
 #include <QString>
 #include <array>
 #include <functional>
+#include <optional>
 #include <span>
 
 namespace quillon {
@@ -88,6 +89,13 @@ public:
     // Takes every row into the project; flags a row as changed when it differs from what the
     // row's button last wrote, or from the project where the button wrote nothing.
     void SaveToDocument(CM330Doc& doc);
+    // One row of SaveToDocument.
+    void SaveRow(CM330Doc& doc, int slot);
+
+    // Puts a value into the row's control as a person would enter it (a combo's value, a digit
+    // string, a text pasted into an edit field, which passes the field's filter), and tests it
+    // as the page's checks do. An empty text when the control took it, else what is wrong.
+    QString EnterValue(int slot, const QString& value);
 
     // The row's write button. True when the value reached the drive ("Write successful!").
     bool OnWriteButton(int slot, PageContext& context);
