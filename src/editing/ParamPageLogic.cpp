@@ -147,9 +147,7 @@ bool CParamPageLogic::TakeControls() {
 bool CParamPageLogic::WithinLimits(const PageControl& c, LimitCheck check) const {
     const auto limits = LimitsOf(*c.spec, m_nModelCode, check);
     if (!limits) return true;
-    const double v = Atof(c.text);
-    const double margin = RangeMargin(*c.spec, check);
-    return limits->lower - margin < v && v < limits->upper + margin;
+    return WithinRange(Atof(c.text), limits->lower, limits->upper, RangeMargin(*c.spec, check));
 }
 
 bool CParamPageLogic::CheckPage() {
