@@ -8,6 +8,7 @@
 #include "base/TextConv.h"
 #include "base/TextTable.h"
 #include "editing/ParamPageLogic.h"
+#include "link/ModbusFrame.h"
 #include "link/Registers.h"
 #include "transfer/GroupWrite.h"
 
@@ -195,79 +196,74 @@ TEST_F(PageLogicTest, PagesTellTheirRefusalsInTheirOrder) {
     EXPECT_EQ(ReadStarts(), std::vector<int>{RegParameterPassword}) << "F11 asks for no run state";
 }
 
-// Each rule of the cross-parameter table, from the button and from the group write, with the
-// drive and the list set up so that it bites.
+// Each rule of the cross-parameter table at the row's button, with the drive set up so that it
+// bites or just lets the value through; then the rules whose group write differs.
 TEST_F(PageLogicTest, CrossRulesAtTheButtonAndInTheGroupWrite) {
-    const QString c0406 = "when 01-04>=01-06,the parameter can be writed into inverter!";
-    const QString c0507 = "when 01-05>=01-07,the parameter can be writed into inverter!";
-    const QString c0709 = "when 01-07>=01-09,the parameter can be writed into inverter!";
-    const QString less = "The value of 02-00 must be less than the value of 02-01!";
-
-    // 00-01 with the run source not 0.
-    SetDriveValue(0x0002, 1);
-    EXPECT_EQ(Press("00-01", "1"), LoadText(TextId::RunSourceNotZero));
-    SetDriveValue(0x0002, 0);
-    EXPECT_EQ(Press("00-01", "1"), kOk);
-    // 00-02 equal to the drive's 00-03 goes through the button...
-    SetDriveValue(0x0003, 1);
-    EXPECT_EQ(Press("00-02", "1"), kOk);
-    // ... 00-05 equal to the drive's 00-06 does not, with the codes in the row's order.
-    SetDriveValue(0x0006, 2);
-    EXPECT_EQ(Press("00-05", "2"), "The value of parameter 00-05 and 00-06 can't be the same!");
-    SetDriveValue(0x0005, 3);
-    EXPECT_EQ(Press("00-06", "3"), "The value of parameter 00-06 and 00-05 can't be the same!");
-    SetDriveValue(0x0A01, 2);
-    EXPECT_EQ(Press("10-00", "2"), "The value of parameter 10-00 and 10-01can't be same!");
-
-    // The curve points: the free curve first, then the order against the drive.
-    SetDriveValue(0x0100, 1);
-    EXPECT_EQ(Press("01-04", "10.00"), "when 01-00=7,the parameter can be writed into inverter!");
-    SetDriveValue(0x0100, 7);
-    SetDriveValue(0x0106, 2000);
-    EXPECT_EQ(Press("01-04", "10.00"), c0406);
-    SetDriveValue(0x0107, 100);
-    SetDriveValue(0x0109, 50);
-    EXPECT_EQ(Press("01-09", "20.0"), c0709);  // the button names its own pair
-    // 02-00 below 02-01: equal is refused for 02-00, accepted for 02-01.
-    SetDriveValue(0x0201, 30);
-    EXPECT_EQ(Press("02-00", "3.0"), less);
-    SetDriveValue(0x0200, 30);
-    EXPECT_EQ(Press("02-01", "3.0"), kOk);
-
-    // The group write: the list's texts first, then the drive just before each frame.
-    CGroupWriter writer(*m_link, m_session);
-    WriteSnapshot s;
-    const auto groupRefusal = [&](int group) {
-        FillWriteSnapshot(*m_doc, s);
-        return writer.WriteGroup(group, s, 1) ? QString() : m_session.m_strLastError;
+    const QString same = "The value of parameter %1 and %2 can't be the same!";
+    const auto when = [](const char* rule) {
+        return QStringLiteral("when %1,the parameter can be writed into inverter!").arg(rule);
     };
-    SetRow("00-02", "1");
-    SetRow("00-03", "1");
-    EXPECT_EQ(groupRefusal(0), "The value of parameter 00-02 and 00-03 can't be the same!");
-    SetRow("00-03", "2");
-    SetRow("00-05", "4");
-    SetRow("00-06", "4");
-    EXPECT_EQ(groupRefusal(0), "The value of parameter 00-05 and 00-06 can't be same!");
-    SetRow("10-00", "1");
-    SetRow("10-01", "1");
-    EXPECT_EQ(groupRefusal(10), "The value of parameter 10-00 and 10-01can't be same!");
-    // 01-09 above the drive's 01-07 speaks of 01-05 and 01-07 in a group write.
-    SetRow("01-00", "7");
-    SetRow("01-09", "20.0");
-    SetDriveValue(0x0107, 100);
-    SetRow("01-04", "1.00");
-    SetRow("01-06", "1.00");
-    SetRow("01-08", "1.00");
-    SetRow("01-05", "10.0");
-    SetRow("01-07", "10.0");
-    SetDriveValue(0x0106, 100);
-    SetDriveValue(0x0108, 100);
-    SetDriveValue(0x0109, 100);
-    EXPECT_EQ(groupRefusal(1), c0507);
-    // With 01-00 other than 7 the chain is left out without a word.
+    const QString less = "The value of 02-00 must be less than the value of 02-01!";
+    struct Case {
+        std::vector<std::pair<int, int>> drive;  // registers set first
+        const char* code;
+        const char* value;
+        QString says;
+    } const cases[] = {
+        {{{0x0002, 1}}, "00-01", "1", LoadText(TextId::RunSourceNotZero)},
+        {{{0x0002, 0}}, "00-01", "1", kOk},
+        {{{0x0003, 1}}, "00-02", "1", kOk},  // the button reads 00-03 and compares nothing
+        {{{0x0006, 2}}, "00-05", "2", same.arg("00-05", "00-06")},
+        {{{0x0005, 3}}, "00-06", "3", same.arg("00-06", "00-05")},
+        {{{0x0A01, 2}}, "10-00", "2", "The value of parameter 10-00 and 10-01can't be same!"},
+        // The free curve is asked before the order of the points.
+        {{{0x0100, 1}, {0x0106, 2000}}, "01-04", "10.00", when("01-00=7")},
+        {{{0x0100, 7}}, "01-04", "10.00", when("01-04>=01-06")},
+        {{{0x0107, 200}}, "01-05", "10.0", when("01-05>=01-07")},
+        {{{0x0104, 500}, {0x0108, 100}}, "01-06", "10.00", when("01-04>=01-06>=01-08")},
+        {{{0x0105, 200}, {0x0109, 150}}, "01-07", "10.0", when("01-05>=01-07>=01-09")},
+        {{{0x0106, 500}}, "01-08", "10.00", when("01-06>=01-08")},
+        {{{0x0107, 100}, {0x0109, 50}}, "01-09", "20.0", when("01-07>=01-09")},
+        {{{0x0201, 30}}, "02-00", "3.0", less},  // equal is refused for 02-00...
+        {{{0x0200, 30}}, "02-01", "3.0", kOk},   // ... and accepted for 02-01
+    };
+    for (const Case& c : cases) {
+        for (const auto& [reg, value] : c.drive) SetDriveValue(reg, static_cast<std::uint16_t>(value));
+        EXPECT_EQ(Press(c.code, c.value), c.says) << c.code;
+    }
+    // A partner that can't be read, and one that changes between the two reads of 00-05.
+    SetIntercept([](const Frame& f) -> std::optional<Frame> {
+        return RequestRegister(f) == 0x0003 ? std::optional(ExceptionReply(f, 'Q')) : std::nullopt;
+    });
+    EXPECT_EQ(Press("00-02", "2"), "Communication error!");
+    int reads = 0;
+    SetIntercept([&](const Frame& f) -> std::optional<Frame> {
+        if (f[1] != ModbusFn::ReadHolding || RequestRegister(f) != 0x0006 || ++reads < 2)
+            return std::nullopt;
+        Frame reply{f[0], f[1], 2, 0, 4, 0, 0};
+        AppendCrc(reply.data(), 5);
+        return reply;
+    });
+    EXPECT_EQ(Press("00-05", "4"), "The value of parameter 00-05 and 00-06 can't be same!");
+    SetIntercept({});
+
+    // The group write (its list rules are held in WriteCommandTest): 01-09 above the drive's
+    // 01-07 speaks of 01-05 and 01-07, and without the free curve the points go unsaid.
+    CGroupWriter writer(*m_link, m_session);
+    WriteSnapshot snapshot;
+    const auto groupRefusal = [&] {
+        FillWriteSnapshot(*m_doc, snapshot);
+        return writer.WriteGroup(1, snapshot, 1) ? QString() : m_session.m_strLastError;
+    };
+    for (const auto& [code, text] : {std::pair{"01-00", "7"}, {"01-04", "1.00"}, {"01-06", "1.00"},
+                                     {"01-08", "1.00"}, {"01-05", "10.0"}, {"01-07", "10.0"},
+                                     {"01-09", "20.0"}})
+        SetRow(code, text);
+    for (int reg : {0x0106, 0x0107, 0x0108, 0x0109}) SetDriveValue(reg, 100);
+    EXPECT_EQ(groupRefusal(), when("01-05>=01-07"));
     SetRow("01-00", "1");
     ClearSent();
-    EXPECT_EQ(groupRefusal(1), QString());
+    EXPECT_EQ(groupRefusal(), QString());
     EXPECT_EQ(WriteStarts(), (std::vector<int>{0x0100, 0x010A}));
 }
 
