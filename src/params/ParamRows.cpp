@@ -16,6 +16,8 @@ using F = RegFormat;
 // ---- the rows, page by page -----------------------------------------------------------------
 
 constexpr double kFromText = std::numeric_limits<double>::quiet_NaN();
+// The range of a model-dependent row stands in ModelLimits.h, for every model.
+constexpr const char* kModelRange = nullptr;
 
 // Touches up the row just added.
 struct RowEdit {
@@ -171,9 +173,8 @@ std::vector<ParamSpec> BuildParamRows() {
     // 01: V/f curve
     t.Page(141, 1, 0, Blocked);
     t.Integer(0, "1~7");
-    // Maximum output voltage: the page's built-in text; the model's range replaces it. The group
-    // write sends the whole volts only.
-    t.Decimal(1, F::D1, "198.0~256.0").ByModel().Scaling(GroupScaling::WholeTimesTen);
+    // Maximum output voltage; the group write sends the whole volts only.
+    t.Decimal(1, F::D1, kModelRange).ByModel().Scaling(GroupScaling::WholeTimesTen);
     t.Decimal(2, F::D2, "0.20~599.00");
     t.Decimal(3, F::D1, "0.0~100.0");
     t.Decimal(4, F::D2, "0.10~599.00").Scaling(GroupScaling::Nudged);
@@ -193,15 +194,14 @@ std::vector<ParamSpec> BuildParamRows() {
     t.Integer(17, "0~100");
     t.Decimal(18, F::D2, "1.30~5.00");
 
-    // 02: motor data. A model the rated table doesn't list keeps the page's built-in texts and
-    // the limits the page object was built with.
+    // 02: motor data, the rated values by model
     t.Page(5784, 2, 0, Blocked);
-    t.Decimal(0, F::D1, "0.0~6553.5").Checked(0.0, 2.5).ByModel().WideButtonMargin();
-    t.Decimal(1, F::D1, "0.1~6553.5").Checked(0.2, 2.6).ByModel().WideButtonMargin();
+    t.Decimal(0, F::D1, kModelRange).ByModel().WideButtonMargin();
+    t.Decimal(1, F::D1, kModelRange).ByModel().WideButtonMargin();
     t.Decimal(2, F::D1, "0.0~100.0").Checked(0.0, 200.0).Run(Exempt);
     t.Integer(3, "0~39000");
-    t.Decimal(4, F::D1, "170.0~264.0").ByModel();
-    t.Decimal(5, F::D1, "0.0~22.0").Checked(0.1, 0.8).ByModel().WideButtonMargin();
+    t.Decimal(4, F::D1, kModelRange).ByModel();
+    t.Decimal(5, F::D1, kModelRange).ByModel().WideButtonMargin();
     t.Decimal(6, F::D1, "0.0~599.0");
     t.Integer(15, "0~100");
 
@@ -221,8 +221,8 @@ std::vector<ParamSpec> BuildParamRows() {
     t.Decimal(17, F::D2, "0.00~20.00");
     t.Decimal(18, F::D2, "0.00~20.00");
     t.Combo(19, "03-19");
-    t.Decimal(20, F::D1, "240.0~400.0").ByModel();
-    t.Decimal(21, F::D1, "240.0~400.0").ByModel();
+    t.Decimal(20, F::D1, kModelRange).ByModel();  // brake levels
+    t.Decimal(21, F::D1, kModelRange).ByModel();
 
     // 04: analog inputs and outputs
     t.Page(176, 4, 0, Exempt);
@@ -287,7 +287,7 @@ std::vector<ParamSpec> BuildParamRows() {
     t.Page(5790, 8, 0, Blocked);
     t.Digits(0, F::B5, 1);  // stall and trip prevention, one bit each
     for (int r = 1; r <= 3; ++r) t.Integer(r, "50~200");
-    t.Decimal(4, F::D1, "350.0~390.0").ByModel().Run(Exempt);
+    t.Decimal(4, F::D1, kModelRange).ByModel().Run(Exempt);
     t.Digits(5, F::B5, 2);  // motor type and overload protection
     t.Combo(6, "08-06");
     t.Combo(7, "08-07");
@@ -354,7 +354,7 @@ std::vector<ParamSpec> BuildParamRows() {
     t.Decimal(10, F::D2, "0.00~599.00");
     t.Decimal(11, F::D2, "0.00~30.00");
     t.Combo(13, "11-13");
-    t.Decimal(14, F::D1, "300.0~400.0").ByModel();
+    t.Decimal(14, F::D1, kModelRange).ByModel();
     t.Decimal(15, F::D2, "0.00~15.00");
     t.Integer(16, "0~200");
     t.Integer(17, "0~200");

@@ -78,8 +78,8 @@ struct DigitSpec {
 };
 
 // The rows whose limits follow the model (ModelLimits.h) carry `modelLimits`; their shown text
-// and their limits come from ModelRangeLimit then, and `shown`, `lower`, `upper` are the page's
-// built-in values that stand for a model the rated table doesn't list.
+// and their limits come from ModelRangeLimit. Of those only F11 has `shown`, `lower`, `upper`
+// of its own: the range it keeps for a model the rated table doesn't list.
 struct ParamSpec {
     int group;  // 0..13, 14 = simplified group
     int row;    // parameter number within the group
