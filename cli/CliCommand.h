@@ -48,6 +48,8 @@ int RunStatus(const QStringList& args, QTextStream& out);
 // stderr. `version` receives the file's version field.
 std::unique_ptr<CM330Doc> OpenProjectFile(const char* command, const QString& path,
                                           SessionState& session, qint32* version = nullptr);
+int RunSet(const QStringList& args, QTextStream& out);
+int RunPageWrite(const QStringList& args, QTextStream& out);
 
 // The rows of a document, one a line: group, row, exists, code, default, set value (tab-separated).
 void PrintRows(const CM330Doc& doc, QTextStream& out);

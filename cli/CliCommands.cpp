@@ -51,6 +51,16 @@ std::span<const CliCommand> Commands() {
          "the status monitor's values as name<TAB>value lines; with --watch one block per "
          "400 ms poll, then the poll count and mean period on stderr",
          &RunStatus},
+        {"set", "FILE.qpj CODE=VALUE... [-o OUT.qpj]",
+         "set values of a project through the checks of their editor pages; a refused value "
+         "leaves the file untouched", &RunSet},
+        {"page-write",
+         "(--port COMn | --tcp HOST[:PORT]) --station N [--baud B] [--data 7|8] "
+         "[--parity none|odd|even] [--stop 1|2] CODE VALUE [--model CODE] [--project FILE.qpj] "
+         "[--yes] [--timing]",
+         "write one parameter as its row's write button does, with every guard and rule; the "
+         "rest of its page from the project or a new one (model 1205 unless --model)",
+         &RunPageWrite},
     };
     return kCommands;
 }

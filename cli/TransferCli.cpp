@@ -118,13 +118,17 @@ bool OpenLink(const QString& command, const LinkOptions& o, CDriveSerial& link) 
     return false;
 }
 
-void PrintWireTiming(const CNotedLink& link, int baud, const char* what, double seconds) {
+void PrintWireTiming(const CNotedLink& link, int baud, const char* what, double seconds,
+                     double pauseSeconds) {
     const sim::WireTiming line{baud, sim::kDefaultTurnaroundMs};
     double wire = 0.0;
     for (const CNotedLink::Exchange& e : link.Exchanges())
         wire += line.ExchangeSeconds(static_cast<int>(e.request), static_cast<int>(e.reply));
     std::fprintf(stderr, "timing: frames %zu, %s %.4f s, wire minimum %.4f s, ratio %.3f\n",
                  link.Exchanges().size(), what, seconds, wire, wire > 0 ? seconds / wire : 0.0);
+    if (pauseSeconds > 0)
+        std::fprintf(stderr, "timing: with the required pauses %.4f s, ratio %.3f\n",
+                     wire + pauseSeconds, seconds / (wire + pauseSeconds));
 }
 
 void PrepareSession(SessionState& session, int station) {

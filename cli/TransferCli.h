@@ -51,8 +51,10 @@ private:
 
 // What a command took against what the line needs for the same frames at the same baud rate
 // (the bytes both ways, the silence that ends each request, the drive's turnaround), on stderr:
-// "timing: frames N, <what> S s, wire minimum W s, ratio R".
-void PrintWireTiming(const CNotedLink& link, int baud, const char* what, double seconds);
+// "timing: frames N, WHAT S s, wire minimum W s, ratio R"; with `pauseSeconds`, the pauses the
+// program must keep between frames (SendFrame's pacing), a second line against both.
+void PrintWireTiming(const CNotedLink& link, int baud, const char* what, double seconds,
+                     double pauseSeconds = 0.0);
 
 // Opens `link` as the options say; false with the reason on stderr.
 bool OpenLink(const QString& command, const LinkOptions& options, CDriveSerial& link);

@@ -150,13 +150,24 @@ std::vector<FoundDevice> SystemDevices()
 
 }  // namespace
 
-std::vector<PortEntry> ScanPorts(const QString& appDir)
+namespace {
+
+// The pinned entries: the environment's, then those of the file beside the program.
+std::pair<std::vector<PortEntry>, std::vector<PortEntry>> PinnedLists(const QString& appDir)
 {
-    const auto env = ParsePinnedPorts(qEnvironmentVariable(kPortsEnvVar));
+    auto env = ParsePinnedPorts(qEnvironmentVariable(kPortsEnvVar));
     std::vector<PortEntry> file;
     QFile map(QDir(ProgramDir(appDir)).filePath(QString::fromLatin1(kPortsFileName)));
     if (map.open(QIODevice::ReadOnly | QIODevice::Text))
         file = ParsePinnedPorts(QString::fromUtf8(map.readAll()));
+    return {std::move(env), std::move(file)};
+}
+
+}  // namespace
+
+std::vector<PortEntry> ScanPorts(const QString& appDir)
+{
+    const auto [env, file] = PinnedLists(appDir);
     return BuildPortTable(env, file, SystemDevices());
 }
 
@@ -165,6 +176,12 @@ QString DeviceForPortName(const QString& portName, const QString& appDir)
     const int com = ComNumberFromName(portName);
     if (com == 0)
         return QString();
+    // A pinned name is found without asking the system for its devices, which takes a while.
+    const auto [env, file] = PinnedLists(appDir);
+    for (const PortEntry& e : BuildPortTable(env, file, {})) {
+        if (e.m_nCom == com)
+            return e.m_strDevice;
+    }
     for (const PortEntry& e : ScanPorts(appDir)) {
         if (e.m_nCom == com)
             return e.m_strDevice;

@@ -10,7 +10,6 @@
 namespace quillon {
 
 CM330Doc::CM330Doc(SessionState& session) : m_session(session) {
-    for (auto& g : m_rowChanged) g.fill(0);
     LoadCatalogue(CataloguePath());
     LoadMotorList(MotorListPath());
     ApplyRatedDefaults(true);
@@ -26,6 +25,36 @@ const ParamGroup& CM330Doc::GroupAt(int g) const { return CheckedAt(m_groups, g)
 ParamRow& CM330Doc::RowAt(int group, int r) { return CheckedAt(GroupAt(group).m_rows, r); }
 const ParamRow& CM330Doc::RowAt(int group, int r) const {
     return CheckedAt(GroupAt(group).m_rows, r);
+}
+
+void CM330Doc::SetMark(int group, int row, int mark) {
+    CheckedAt(CheckedAt(m_rowChanged, group), row) = mark;
+}
+
+void CM330Doc::SetReadValue(int group, int row, const QString& text) {
+    RowAt(group, row).m_strReadValue = text;
+    emit GroupChanged(group);
+}
+
+void CM330Doc::SetSetValue(int group, int row, const QString& text, RowMark mark) {
+    RowAt(group, row).m_strSetValue = text;
+    if (mark != RowMark::Keep) SetMark(group, row, mark == RowMark::Changed ? 1 : 0);
+    emit GroupChanged(group);
+}
+
+void CM330Doc::MarkWritten(int group, int row) {
+    if (group < 0) {
+        for (auto& g : m_rowChanged) g.fill(0);
+    } else if (row < 0) {
+        CheckedAt(m_rowChanged, group).fill(0);
+    } else {
+        SetMark(group, row, 0);
+    }
+    emit GroupChanged(group);
+}
+
+bool CM330Doc::RowChanged(int group, int row) const {
+    return CheckedAt(CheckedAt(m_rowChanged, group), row) != 0;
 }
 
 QString CM330Doc::CataloguePath() const {
@@ -69,9 +98,11 @@ void CM330Doc::ApplyRatedDefaults(bool bothColumns) {
 
 void CM330Doc::ReloadCatalogue() {
     m_groups.clear();
+    // All rows are new: nothing in them is changed.
     for (auto& g : m_rowChanged) g.fill(0);
     LoadCatalogue(CataloguePath());
     LoadInitialTable(InitialTablePath());
+    emit GroupChanged(-1);
 }
 
 }  // namespace quillon

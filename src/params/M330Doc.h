@@ -7,6 +7,7 @@
 #include "base/SessionState.h"
 #include "params/ParamTypes.h"
 
+#include <QObject>
 #include <QString>
 #include <vector>
 
@@ -25,7 +26,15 @@ struct PrintTitles {
     QString m_strDepartment;
 };
 
-class CM330Doc {
+// What a new set value says about its row's changed mark.
+enum class RowMark {
+    Keep,     // the mark stays as it is
+    Changed,  // the editor changed the value and no write has sent it yet
+    InStep,   // the value is what the drive holds (just read, or just written)
+};
+
+class CM330Doc : public QObject {
+    Q_OBJECT
 public:
     // Loads the catalogue and the motor list from the session's program directory and puts the
     // rated values of the session's model on both columns; the session's graph curves start
@@ -35,6 +44,16 @@ public:
     virtual ~CM330Doc() = default;
     CM330Doc(const CM330Doc&) = delete;
     CM330Doc& operator=(const CM330Doc&) = delete;
+
+    // The values of a row as reads, the editor and writes change them. These and the catalogue
+    // reload are the only code that touches the changed marks, and each announces the group.
+    void SetReadValue(int group, int row, const QString& text);
+    void SetSetValue(int group, int row, const QString& text, RowMark mark = RowMark::Keep);
+    // A write sent the set values: of one row, of a group (row -1), of all groups (group -1).
+    // Their marks clear.
+    void MarkWritten(int group, int row = -1);
+    // Whether the row's set value changed in the editor since it was last read or written.
+    bool RowChanged(int group, int row) const;
 
     // Checked access; out of range raises std::out_of_range("invalid vector<T> subscript").
     ParamGroup& GroupAt(int g);
@@ -72,10 +91,16 @@ public:
     int m_bApplyToSetValue = 0;
     std::vector<InitRecord> m_initTable;
     std::vector<ParamGroup> m_groups;
-    FlagTable m_rowChanged{};
     PrintTitles m_printTitles;
 
+signals:
+    // Values or marks of the group changed; -1 for all groups (a reload, a whole write).
+    void GroupChanged(int group);
+
 private:
+    void SetMark(int group, int row, int mark);
+
+    FlagTable m_rowChanged{};
     SessionState& m_session;
     bool m_bModified = false;
 };

@@ -32,10 +32,25 @@ CM330View::CM330View(CM330Doc& doc, SessionState& session, QWidget* parent)
         const auto target = LineTarget(line);
         if (target && target->second >= 0) emit RowActivated(target->first, target->second);
     });
+    connect(&doc, &CM330Doc::GroupChanged, this, &CM330View::OnGroupChanged);
     FillList();
 }
 
+void CM330View::OnGroupChanged(int group) {
+    const int shown = m_session.m_nCurGroup;
+    if (m_bRefillQueued || (group >= 0 && shown >= 0 && group != shown)) return;
+    m_bRefillQueued = true;
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            m_bRefillQueued = false;
+            FillList();
+        },
+        Qt::QueuedConnection);
+}
+
 void CM330View::Detach() {
+    if (m_doc) disconnect(m_doc, nullptr, this, nullptr);
     m_doc = nullptr;
     setRowCount(0);
 }
@@ -66,8 +81,6 @@ void CM330View::FillList() {
 }
 
 void CM330View::OnRefreshList() {
-    if (!m_doc) return;
-    for (auto& group : m_doc->m_rowChanged) group.fill(0);
     FillList();
 }
 

@@ -1,7 +1,8 @@
 #pragma once
 // The project's parameter list: a hidden first column, then "Parameter Name", "Default" and
 // "Set Value". It shows the group the session names (all groups 00 to 13, one group, or the
-// simplified group) and marks the rows whose set value changed since the last refresh.
+// simplified group) and marks the rows whose set value the editor changed and no write has sent
+// yet. It fills itself again when the document announces a change of a group it shows.
 
 #include "base/SessionState.h"
 #include "params/M330Doc.h"
@@ -22,7 +23,7 @@ public:
     // Fills the list with the session's current group (14 while simplified parameters are in
     // force, which also becomes the current group).
     void FillList();
-    // The changed marks of all groups are cleared and the list filled again.
+    // The list filled again from the document.
     void OnRefreshList();
     // Focus to the list, its first line selected.
     void FocusFirstLine();
@@ -37,9 +38,13 @@ signals:
     void RowActivated(int group, int row);
 
 private:
+    // The document changed `group`: one refill after the changes in a row are over.
+    void OnGroupChanged(int group);
+
     CM330Doc* m_doc;
     SessionState& m_session;
     int m_fillCount = 0;
+    bool m_bRefillQueued = false;
 };
 
 }  // namespace quillon

@@ -14,7 +14,7 @@ void AppendGroup(const CM330Doc& doc, int g, std::vector<ParamListLine>& lines) 
         const ParamRow& row = group.m_rows[r];
         lines.push_back({g, r, QStringLiteral("    ") + row.m_strName,
                          QStringLiteral("  ") + row.m_strDefault,
-                         QStringLiteral("  ") + row.m_strSetValue, doc.m_rowChanged[g][r] != 0});
+                         QStringLiteral("  ") + row.m_strSetValue, doc.RowChanged(g, r)});
     }
 }
 

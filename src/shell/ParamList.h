@@ -17,7 +17,7 @@ struct ParamListLine {
     QString name;           // "  group name" or "    row name"
     QString defaultValue;   // "  " + default; empty on a heading
     QString setValue;       // "  " + set value; empty on a heading
-    bool changed = false;   // the set value changed since the list was last refreshed
+    bool changed = false;   // the set value changed in the editor and is not written yet
 };
 
 // The group the list shows: `curGroup`, or 14 while the simplified group is in force.

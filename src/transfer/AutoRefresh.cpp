@@ -119,12 +119,10 @@ void CAutoRefresh::Apply(Cycle& cycle) {
         return;
     }
     for (const GroupReadout& readout : cycle.groups) ApplyReadout(*doc, readout);
-    for (ParamGroup& group : doc->m_groups)
-        for (ParamRow& row : group.m_rows) row.m_strSetValue = row.m_strReadValue;
+    CopyReadToSetValues(*doc, /*existingOnly=*/false);
     // The rebuild comes after the copy, in this order: it is what leaves the changed marks
     // clear for the next cycle.
     doc->ReloadCatalogue();
-    for (auto& group : doc->m_rowChanged) group.fill(0);
     m_windows.RefreshList();
     ++m_nCyclesApplied;
 }

@@ -27,8 +27,18 @@ bool ReadGroupRegisters(CDriveSerial& link, int station, int group, GroupReadout
 
 void ApplyReadout(CM330Doc& doc, const GroupReadout& readout) {
     for (const RegisterValue& v : readout.values)
-        doc.RowAt(readout.group, v.row).m_strReadValue =
-            FormatRegister(ReadFormatOf(readout.group, v.row), v.value);
+        doc.SetReadValue(readout.group, v.row,
+                         FormatRegister(ReadFormatOf(readout.group, v.row), v.value));
+}
+
+void CopyReadToSetValues(CM330Doc& doc, bool existingOnly) {
+    for (int g = 0; g < static_cast<int>(doc.m_groups.size()); ++g) {
+        const auto& rows = doc.GroupAt(g).m_rows;
+        for (int r = 0; r < static_cast<int>(rows.size()); ++r)
+            if (!existingOnly || rows[static_cast<std::size_t>(r)].m_bExists)
+                doc.SetSetValue(g, r, rows[static_cast<std::size_t>(r)].m_strReadValue,
+                                RowMark::InStep);
+    }
 }
 
 QString ReadProgressLabel(int group, int station) {

@@ -42,6 +42,11 @@ bool ReadGroupRegisters(CDriveSerial& link, int station, int group, GroupReadout
 // document doesn't have raises the range failure.
 void ApplyReadout(CM330Doc& doc, const GroupReadout& readout);
 
+// The project becomes what the drive holds: every row's read value becomes its set value, and
+// the changed marks clear. The Read command copies the rows of the catalogue only, auto refresh
+// every row.
+void CopyReadToSetValues(CM330Doc& doc, bool existingOnly = true);
+
 // The progress label before group index `group` of a full read: "00-XX --" ... "13-XX --", or
 // "Fxx --", then "Station Num:" and the station.
 QString ReadProgressLabel(int group, int station);

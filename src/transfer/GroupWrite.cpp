@@ -2,6 +2,7 @@
 
 #include "base/SessionState.h"
 #include "base/TextConv.h"
+#include "editing/CrossRules.h"
 #include "link/DriveSerial.h"
 #include "link/ModbusFrame.h"
 #include "link/RegisterReaders.h"
@@ -9,46 +10,9 @@
 #include "params/M330Doc.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace quillon {
 namespace {
-
-constexpr int kFreeVfCurve = 7;  // 01-00: the free V/f curve, whose points are written
-
-// A frame whose row must keep its order against registers the drive holds at that moment.
-// The new value is refused when it lies above `upper` (or reaches it, with `upperStrict`) or
-// below `lower`; -1 names no register.
-struct PartnerRule {
-    int group;
-    int row;  // the frame that starts at this row
-    int upper;
-    bool upperStrict;
-    int lower;
-    const char* text;
-};
-
-constexpr PartnerRule kPartnerRules[] = {
-    {1, 4, -1, false, 0x0106, "when 01-04>=01-06,the parameter can be writed into inverter!"},
-    {1, 5, -1, false, 0x0107, "when 01-05>=01-07,the parameter can be writed into inverter!"},
-    {1, 6, 0x0104, false, 0x0108,
-     "when 01-04>=01-06>=01-08,the parameter can be writed into inverter!"},
-    {1, 7, 0x0105, false, 0x0109,
-     "when 01-05>=01-07>=01-09,the parameter can be writed into inverter!"},
-    {1, 8, 0x0106, false, -1, "when 01-06>=01-08,the parameter can be writed into inverter!"},
-    // The last point speaks of 01-05 and 01-07: that is the text people have always seen.
-    {1, 9, 0x0107, false, -1, "when 01-05>=01-07,the parameter can be writed into inverter!"},
-    {2, 0, 0x0201, true, -1, "The value of 02-00 must be less than the value of 02-01!"},
-    {2, 1, -1, false, 0x0200, "The value of 02-00 must be less than the value of 02-01!"},
-};
-
-// The value a row goes out with, before it is cut to 16 bits: what the checks compare.
-double ScaledValue(int group, int row, const QString& text) {
-    const RegFormat format = ReadFormatOf(group, row);
-    const double scale = format == RegFormat::D2 ? 100.0 : format == RegFormat::D1 ? 10.0 : 1.0;
-    const double nudge = WriteScalingOf(group, row) == WriteScaling::Nudged ? 0.0001 : 0.0;
-    return std::trunc(Atof(text) * scale + nudge);
-}
 
 QString CommError() { return QStringLiteral("Communication error!"); }
 
@@ -96,42 +60,24 @@ bool CGroupWriter::ReadPartner(int station, quint16 reg, int& value) {
     return ReadRegister(m_link, station, reg, value) ? true : Fail(CommError());
 }
 
+// The cross-parameter rules of a group write stand in one table with those of the editor's
+// row buttons (editing/CrossRules.h); the routine only asks it.
 bool CGroupWriter::PreChecks(int group, const WriteSnapshot& snapshot, int station) {
-    const auto& rows = snapshot[static_cast<std::size_t>(group)];
-    if (group == 0) {
-        if (rows[2] == rows[3])
-            return Fail(QStringLiteral("The value of parameter %1 and %2 can't be the same!")
-                            .arg(QStringLiteral("00-02"), QStringLiteral("00-03")));
-        if (rows[5] == rows[6])
-            return Fail(QStringLiteral("The value of parameter 00-05 and 00-06 can't be same!"));
-        // The run source reader tells its own failure.
-        int runSource = 0;
-        if (!ReadRunSource(m_link, station, runSource)) return false;
-    }
-    if (group == 10 && rows[0] == rows[1])
-        return Fail(QStringLiteral("The value of parameter 10-00 and 10-01can't be same!"));
-    return true;
+    if (const RuleVerdict v = ListRules(group, snapshot[static_cast<std::size_t>(group)]); !v.ok)
+        return Fail(v.text);
+    // The run source reader tells its own failure.
+    int runSource = 0;
+    return group != 0 || ReadRunSource(m_link, station, runSource);
 }
 
 bool CGroupWriter::FrameChecks(int group, int firstRow, const WriteSnapshot& snapshot,
                                int station) {
-    for (const PartnerRule& rule : kPartnerRules) {
-        if (rule.group != group || rule.row != firstRow) continue;
-        const double value = ScaledValue(
-            group, firstRow,
-            snapshot[static_cast<std::size_t>(group)][static_cast<std::size_t>(firstRow)]);
-        int upper = 0;
-        int lower = 0;
-        if (rule.upper >= 0 && !ReadPartner(station, static_cast<quint16>(rule.upper), upper))
-            return false;
-        if (rule.lower >= 0 && !ReadPartner(station, static_cast<quint16>(rule.lower), lower))
-            return false;
-        const bool aboveUpper =
-            rule.upper >= 0 && (rule.upperStrict ? value >= upper : value > upper);
-        const bool belowLower = rule.lower >= 0 && value < lower;
-        if (aboveUpper || belowLower) return Fail(QString::fromLatin1(rule.text));
-    }
-    return true;
+    const QString& text =
+        snapshot[static_cast<std::size_t>(group)][static_cast<std::size_t>(firstRow)];
+    const RuleVerdict v = DriveRulesBeforeFrame(
+        group, firstRow, GroupScaledValue(group, firstRow, text),
+        [&](quint16 reg, int& value) { return ReadPartner(station, reg, value); });
+    return v.ok || Fail(v.text);
 }
 
 int CGroupWriter::WriteGroup(int group, const WriteSnapshot& snapshot, int station,
@@ -145,13 +91,12 @@ int CGroupWriter::WriteGroup(int group, const WriteSnapshot& snapshot, int stati
     for (int r = 0; r < kSnapshotRows; ++r)
         values[static_cast<std::size_t>(r)] =
             GroupWriteValue(group, r, rows[static_cast<std::size_t>(r)]);
-    const bool freeCurve = Atoi(snapshot[1][0]) == kFreeVfCurve;
 
     bool firstFrame = true;
     // Motor data (group 02) are left out by the Write command itself, which skips the routine.
     for (const WriteFrame& f : WriteFramesOf(group, route)) {
-        if (f.condition == WriteCondition::FreeVfCurve && !freeCurve) continue;
         const int first = f.frame.FirstRow();
+        if (LeftOutOfGroupWrite(group, first, rows)) continue;
         if (!FrameChecks(group, first, snapshot, station)) return 0;
         if (!WriteValues(values, station, group, first, f.frame.count)) return 0;
         if (group == 0 && firstFrame) m_session.m_nReg0002 = Atoi(rows[2]);

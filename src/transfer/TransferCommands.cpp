@@ -36,10 +36,6 @@ void LoadFactoryDefaults(CM330Doc& doc) {
     doc.m_bApplyToSetValue = applyToSetValue;
 }
 
-void ClearChangedFlags(CM330Doc& doc) {
-    for (auto& group : doc.m_rowChanged) group.fill(0);
-}
-
 }  // namespace
 
 bool CTransferCommands::SaveBeforeRead() {
@@ -108,9 +104,7 @@ bool CTransferCommands::OnRead() {
         return false;
     }
     // The project now is what the drive holds.
-    for (ParamGroup& group : doc->m_groups)
-        for (ParamRow& row : group.m_rows)
-            if (row.m_bExists) row.m_strSetValue = row.m_strReadValue;
+    CopyReadToSetValues(*doc);
     doc->SetModifiedFlag(true);
     progress.Hide();
     m_session.m_bReading = 0;
@@ -187,7 +181,7 @@ bool CTransferCommands::OnWrite() {
         }
         progress.SetPos(g + 1);
     }
-    ClearChangedFlags(*doc);
+    doc->MarkWritten(-1);
     m_windows.RefreshList();
     m_session.m_bWriting = 0;
     progress.Hide();

@@ -1,7 +1,5 @@
 #include "transfer/WriteLayout.h"
 
-#include "base/TextConv.h"
-
 #include <algorithm>
 #include <array>
 
@@ -51,21 +49,6 @@ constexpr std::array kWriteFrames{
     Frame(14, 0x0E20, 2, U::EditorOnly),
 };
 
-struct ScalingSpan {
-    int group;
-    int firstRow;
-    int lastRow;
-    WriteScaling scaling;
-};
-
-// The rows a group write converts other than plainly by their read format.
-constexpr ScalingSpan kScalingSpans[] = {
-    {0, 18, 18, WriteScaling::Nudged},        // jog frequency
-    {1, 1, 1, WriteScaling::WholeTimesTen},   // maximum output voltage
-    {1, 4, 4, WriteScaling::Nudged},          // first middle frequency of the V/f curve
-    {5, 1, 8, WriteScaling::Nudged},          // preset speeds
-};
-
 bool SentBy(WriteUse use, WriteRoute route) {
     switch (use) {
     case U::Both: return true;
@@ -90,28 +73,6 @@ bool IsWrittenRow(int groupIndex, int row, WriteRoute route) {
     return std::any_of(kWriteFrames.begin(), kWriteFrames.end(), [&](const WriteFrame& f) {
         return f.frame.group == groupIndex && SentBy(f.use, route) && f.frame.Covers(row);
     });
-}
-
-WriteScaling WriteScalingOf(int groupIndex, int row) {
-    for (const ScalingSpan& span : kScalingSpans)
-        if (span.group == groupIndex && row >= span.firstRow && row <= span.lastRow)
-            return span.scaling;
-    return WriteScaling::Plain;
-}
-
-quint16 GroupWriteValue(int groupIndex, int row, const QString& text) {
-    const WriteScaling scaling = WriteScalingOf(groupIndex, row);
-    if (scaling == WriteScaling::WholeTimesTen)
-        return static_cast<quint16>((static_cast<long long>(Atoi(text)) * 10) & 0xFFFF);
-
-    const RegFormat format = ReadFormatOf(groupIndex, row);
-    if (format == RegFormat::D1 || format == RegFormat::D2) {
-        const double scale = format == RegFormat::D1 ? 10.0 : 100.0;
-        const double nudge = scaling == WriteScaling::Nudged ? 0.0001 : 0.0;
-        return CutToRegister(Atof(text) * scale + nudge);
-    }
-    // Whole numbers, bit fields and octal digits convert as their read format says.
-    return ParseRegisterText(format, text);
 }
 
 }  // namespace quillon

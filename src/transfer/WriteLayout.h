@@ -1,6 +1,6 @@
 #pragma once
-// Which registers a group write sends, in which frames, and how a row's text becomes the value
-// that goes out.
+// Which registers a group write sends, in which frames. How a row's text becomes the value that
+// goes out is a fact of its parameter (GroupWriteValue, in the parameter table).
 //
 // Two routes write whole groups: the Write command (groups 00..13 from the project) and the
 // editor's "Transmit Group" (the group open in the editor). They share the routines of groups
@@ -38,22 +38,11 @@ struct WriteFrame {
     WriteCondition condition;
 };
 
-// How a row's text turns into its register value in a group write.
-enum class WriteScaling {
-    Plain,          // by the row's read format; decimals as the cut product text x 10^d
-    Nudged,         // decimals as the cut of (text x 10^d + 0.0001)
-    WholeTimesTen,  // the whole-number part times ten: the decimals of the text fall away
-};
-
 // Every write frame, group by group, each group's frames in the order they are sent.
 std::span<const WriteFrame> WriteFrames();
 // The frames of one group that a route sends, in order (conditions not applied).
 std::vector<WriteFrame> WriteFramesOf(int groupIndex, WriteRoute route);
 // True when a frame of the route covers the row.
 bool IsWrittenRow(int groupIndex, int row, WriteRoute route);
-
-WriteScaling WriteScalingOf(int groupIndex, int row);
-// The value a group write sends for the row's text.
-quint16 GroupWriteValue(int groupIndex, int row, const QString& text);
 
 }  // namespace quillon

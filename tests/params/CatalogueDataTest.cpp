@@ -8,6 +8,7 @@
 #include "params/M330Doc.h"
 #include "params/ModelSpec.h"
 #include "params/ModelTable.h"
+#include "params/ParamTable.h"
 #include "support/TestDirs.h"
 #include "transfer/ReadLayout.h"
 #include "transfer/WriteLayout.h"
@@ -41,80 +42,6 @@ QString CodeOf(RowKey key) {
 RowKey KeyOf(const QString& code) {
     if (code.startsWith(u'F')) return {kSimplifiedGroup, code.mid(1, 2).toInt()};
     return {code.left(2).toInt(), code.mid(3, 2).toInt()};
-}
-
-// ---- the page table: tests/params/page_rows.tsv ---------------------------------------------
-
-struct PageRow {
-    RowKey key;
-    QString kind;
-    QString a;
-    QString b;
-    std::vector<int> models;  // empty: every model
-
-    bool AppliesTo(int model) const {
-        return models.empty() || std::find(models.begin(), models.end(), model) != models.end();
-    }
-};
-
-const std::vector<PageRow>& PageRows() {
-    static const std::vector<PageRow> rows = [] {
-        std::vector<PageRow> out;
-        QFile file(QStringLiteral(QUILLON_TESTS_DIR "/params/page_rows.tsv"));
-        EXPECT_TRUE(file.open(QIODevice::ReadOnly | QIODevice::Text));
-        for (const QString& line : QString::fromUtf8(file.readAll()).split(u'\n')) {
-            if (line.isEmpty() || line.startsWith(u'#')) continue;
-            const QStringList f = line.split(u'\t');
-            PageRow row{KeyOf(f[0]), f.value(1), f.value(2), f.value(3), {}};
-            if (f.size() > 4)
-                for (const QString& m : f[4].split(u',')) row.models.push_back(m.toInt());
-            out.push_back(row);
-        }
-        EXPECT_GT(out.size(), 250u);
-        return out;
-    }();
-    return rows;
-}
-
-std::set<RowKey> PageKeys() {
-    std::set<RowKey> keys;
-    for (const PageRow& p : PageRows()) keys.insert(p.key);
-    return keys;
-}
-
-// Empty when the text is a value the row's control accepts, else why not.
-std::optional<std::string> PageRejects(const PageRow& p, const QString& text) {
-    static const QStringList resetCodes{"0000", "1150", "1160", "1250", "1260", "1350", "1360"};
-    auto fail = [&](const char* why) {
-        return std::optional<std::string>(Str(CodeOf(p.key) + " '" + text + "' ") + why + " (" +
-                                          Str(p.kind + " " + p.a + " " + p.b) + ")");
-    };
-    if (p.kind == "combo" || p.kind == "combo1") {
-        const int first = p.kind == "combo1" ? 1 : 0;
-        const int v = Atoi(text);
-        if (text != QString::number(v) || v < first || v >= first + p.a.toInt())
-            return fail("is no entry of the list");
-    } else if (p.kind == "code") {
-        if (!resetCodes.mid(0, p.a.toInt()).contains(text)) return fail("is no code of the list");
-    } else if (p.kind == "int") {
-        const int v = Atoi(text);
-        if (v < p.a.toInt() || v > p.b.toInt()) return fail("is out of range");
-    } else if (p.kind == "edit") {
-        // the pages' own test, with its margin
-        const double v = Atof(text);
-        if (!(Atof(p.a) - 0.000001 < v && v < Atof(p.b) + 0.000001)) return fail("is out of range");
-    } else if (p.kind == "digits") {
-        const int base = p.a.toInt(), fixed = p.b.toInt();
-        if (text.size() != 5) return fail("is not five digits");
-        for (int i = 0; i < 5; ++i) {
-            const int d = text[i].digitValue();
-            if (d < 0 || d >= base || (i < fixed && d != 0))
-                return fail("has a digit out of range");
-        }
-    } else if (p.kind != "ro") {
-        return fail("has an unknown kind");
-    }
-    return std::nullopt;
 }
 
 // ---- the initial table: which record goes to which row, and each model's column -------------
@@ -186,7 +113,9 @@ std::set<RowKey> ExistingRows(const CM330Doc& doc) {
 
 // Every row some part of the program addresses by number.
 std::set<RowKey> AddressedRows() {
-    std::set<RowKey> keys = PageKeys();
+    std::set<RowKey> keys;
+    for (const ParamSpec& p : ParamTable())
+        if (p.page != 0) keys.insert({p.group, p.row});
     for (const RegisterFrame& f : ReadFrames())
         for (int r = f.FirstRow(); r <= f.LastRow(); ++r) keys.insert({f.group, r});
     for (const WriteFrame& f : WriteFrames())
@@ -213,19 +142,20 @@ void ExpectCanonicalTexts(const CM330Doc& doc, const char* what) {
     }
 }
 
-// Both value columns of every page row are values the page accepts for `model`.
+// Both value columns of every row a page shows are values the page accepts for `model`, spelled
+// as the page would store them. Read-only rows are held to the limits their page shows.
 void ExpectWithinPages(const CM330Doc& doc, int model, const char* what) {
-    std::set<RowKey> checked;
-    for (const PageRow& p : PageRows()) {
-        if (!p.AppliesTo(model)) continue;
-        checked.insert(p.key);
-        const ParamRow& row = doc.RowAt(p.key.first, p.key.second);
-        for (const QString& text : ValuesOf(row))
-            if (auto why = PageRejects(p, text)) {
-                ADD_FAILURE() << what << " model " << model << ": " << *why;
-            }
+    for (ParamSpec p : ParamTable()) {
+        if (p.control == ControlKind::None || p.control == ControlKind::TextEdit) continue;
+        p.readOnly = false;
+        const ParamRow& row = doc.RowAt(p.group, p.row);
+        for (const QString& text : ValuesOf(row)) {
+            const Converted c = ConvertAndValidate(p, text, model);
+            EXPECT_TRUE(c.Ok() && c.text == text)
+                << what << " model " << model << ": " << Str(p.Code()) << " '" << Str(text)
+                << "' " << Str(ConvertErrorText(c.error));
+        }
     }
-    EXPECT_EQ(checked, PageKeys()) << "model " << model << " lacks limits for some page row";
 }
 
 // The relations the drive and the group write insist on hold for the factory values, so that a

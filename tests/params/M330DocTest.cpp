@@ -95,9 +95,8 @@ TEST(M330Doc, ReloadRebuildsRowsAndKeepsSetValuesOnlyThroughTheOverlay) {
     SessionState s = SessionFor(dir.Path(), 201, "R770-201-Kxx", 0);
     CM330Doc doc(s);
     doc.OnNewDocument();
-    doc.RowAt(0, 0).m_strSetValue = "edited";
-    doc.RowAt(0, 0).m_strReadValue = "read";
-    doc.m_rowChanged[0][0] = 1;
+    doc.SetSetValue(0, 0, "edited", RowMark::Changed);
+    doc.SetReadValue(0, 0, "read");
 
     // A read found model 402: the rows come back from the catalogue for that model.
     s.m_nModelCode = 402;
@@ -106,7 +105,7 @@ TEST(M330Doc, ReloadRebuildsRowsAndKeepsSetValuesOnlyThroughTheOverlay) {
     doc.ApplyRatedDefaults(false);
     EXPECT_NE(doc.RowAt(0, 0).m_strSetValue, "edited");
     EXPECT_TRUE(doc.RowAt(0, 0).m_strReadValue.isEmpty());
-    EXPECT_EQ(doc.m_rowChanged[0][0], 0);
+    EXPECT_FALSE(doc.RowChanged(0, 0));
     EXPECT_EQ(doc.RowAt(1, 1).m_strDefault, InitialValue(dir.Path(), 0, 24));
     EXPECT_EQ(doc.RowAt(13, 0).m_strDefault, "402");
 }

@@ -159,7 +159,7 @@ TEST(ParamList, LinesOfOneGroupAllGroupsAndTheSimplifiedGroup) {
     SessionState s;
     s.m_strAppDir = dir.Path();
     CM330Doc doc(s);
-    doc.m_rowChanged[2][3] = 1;
+    doc.SetSetValue(2, 3, doc.RowAt(2, 3).m_strSetValue, RowMark::Changed);
 
     const auto group2 = BuildParamList(doc, 2);
     ASSERT_FALSE(group2.empty());

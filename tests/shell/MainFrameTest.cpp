@@ -170,14 +170,23 @@ TEST(MainFrame, TreeClicksSwitchTheList) {
     s.ClickTree(params->child(0));  // group 14 is shown already
     EXPECT_EQ(view->FillCount(), fills + 1);
 
-    // Changed rows are marked until the list is refreshed.
-    s.frame->Document()->m_rowChanged[14][1] = 1;
-    view->FillList();
-    const QBrush marked = view->item(1, 1)->background();
-    EXPECT_NE(marked.style(), Qt::NoBrush);
+    // A row the editor changed is marked, once, when the document announces it, and stays
+    // marked over a refresh until a write sends it.
+    CM330Doc& doc = *s.frame->Document();
+    const QString before = view->item(1, 3)->text();
+    doc.SetSetValue(14, 1, QStringLiteral("7"), RowMark::Changed);
+    doc.SetSetValue(14, 2, doc.RowAt(14, 2).m_strSetValue);
+    EXPECT_EQ(view->item(1, 3)->text(), before);  // one refill after the changes
+    QCoreApplication::processEvents();
+    EXPECT_EQ(view->FillCount(), fills + 2);
+    EXPECT_EQ(view->item(1, 3)->text(), "  7");
+    EXPECT_NE(view->item(1, 1)->background().style(), Qt::NoBrush);
     EXPECT_EQ(view->item(2, 1)->background().style(), Qt::NoBrush);
     view->OnRefreshList();
-    EXPECT_EQ(s.frame->Document()->m_rowChanged[14][1], 0);
+    EXPECT_NE(view->item(1, 1)->background().style(), Qt::NoBrush);
+    doc.MarkWritten(14, 1);
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(doc.RowChanged(14, 1));
     EXPECT_EQ(view->item(1, 1)->background().style(), Qt::NoBrush);
 
     // Closing the project empties the tree and brings menu 128 back.

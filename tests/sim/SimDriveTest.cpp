@@ -6,6 +6,8 @@
 #include "link/Registers.h"
 #include "params/M330Doc.h"
 #include "params/ModelTable.h"
+#include "params/ParamTable.h"
+#include "sim/FactoryImage.h"
 #include "support/TestDirs.h"
 #include "transfer/ReadLayout.h"
 
@@ -54,6 +56,26 @@ TEST_F(SimLinkTest, FactoryFreshDriveReadsBackTheCatalogueDefaults)
         // The identification read of connect: model code and version.
         ASSERT_EQ(ReadRegs(1, RegCapacityCode, 2), ErrNone);
         EXPECT_EQ(Word(0), model);
+    }
+}
+
+// The drive keeps its own list of register kinds; the tool's table has to agree with it on
+// every parameter: a factory default converted as the write button converts it is the drive's
+// factory register. A wrong number of decimals on either side shows here.
+TEST(FactoryImage, AgreesWithTheParameterTableOnEveryRow)
+{
+    for (const auto& [model, freqClass] : {std::pair{1205, 0}, std::pair{403, 1}}) {
+        SCOPED_TRACE(model);
+        const sim::RegisterImage image = sim::FactoryImage(model, freqClass, DataDir());
+        SessionState session;
+        const auto doc = NewProject(session, model, freqClass);
+        for (const ParamSpec& spec : ParamTable()) {
+            const std::string code = spec.Code().toStdString();
+            const auto reg = image.values.find(spec.Register());
+            ASSERT_NE(reg, image.values.end()) << code;
+            const QString& text = doc->RowAt(spec.group, spec.row).m_strDefault;
+            EXPECT_EQ(ButtonWriteValue(spec, text), reg->second) << code << " " << text.toStdString();
+        }
     }
 }
 

@@ -57,8 +57,7 @@ TEST_F(AutoRefreshTest, CyclesFollowOneAnotherAndRebuildTheProject) {
     Open();
     m_prompt.Station(1);
     // A changed row: the rebuild after each cycle drops it and its mark.
-    Row(0, 14).m_strSetValue = QStringLiteral("123.4");
-    m_doc->m_rowChanged[0][14] = 1;
+    m_doc->SetSetValue(0, 14, QStringLiteral("123.4"), RowMark::Changed);
     const QString catalogueValue = [&] {
         CM330Doc fresh(m_session);
         fresh.OnNewDocument();
@@ -74,7 +73,7 @@ TEST_F(AutoRefreshTest, CyclesFollowOneAnotherAndRebuildTheProject) {
     ASSERT_TRUE(TickUntil([&] { return m_refresh.CyclesApplied() >= 2; }));
 
     EXPECT_EQ(Row(0, 14).m_strSetValue, catalogueValue);
-    EXPECT_EQ(m_doc->m_rowChanged[0][14], 0);
+    EXPECT_FALSE(m_doc->RowChanged(0, 14));
     EXPECT_EQ(m_windows.listRefreshes, m_refresh.CyclesApplied());
     EXPECT_TRUE(m_prompt.Messages().isEmpty());
 

@@ -10,7 +10,9 @@
 #include "transfer/GroupWrite.h"
 #include "transfer/TransferCommands.h"
 
+#include <array>
 #include <chrono>
+#include <map>
 
 namespace quillon::test {
 namespace {
@@ -45,7 +47,7 @@ QString Changed(int group, int row, const QString& text) {
     const quint16 v = ParseRegisterText(format, text);
     if (format == RegFormat::B5) return FormatRegister(format, v ^ 1u);
     if (format == RegFormat::O5) return FormatRegister(format, (v & 7u) == 7u ? v - 1 : v + 1);
-    const int step = WriteScalingOf(group, row) == WriteScaling::WholeTimesTen ? 10 : 1;
+    const int step = GroupScalingOf(group, row) == GroupScaling::WholeTimesTen ? 10 : 1;
     for (int k = 1; k < 10; ++k) {
         const auto next = static_cast<quint16>(v + k * step);
         const QString changed = FormatRegister(format, next);
@@ -94,6 +96,60 @@ TEST_F(WriteCommandTest, ChangedValuesInEveryGroupComeBackByRead) {
                 ++compared;
             }
     EXPECT_GT(compared, 200);
+}
+
+// A valid value of the row other than `current`: the far end of its limits, its last entry or
+// its highest digits, as a person would set it on the row's page.
+QString OtherValidText(const ParamSpec& s, const QString& current, int model) {
+    QStringList choices;
+    const int entries = static_cast<int>(OptionsOf(s).size());
+    if (s.comboValue == ComboValue::ResetCode) {
+        choices << ResetCodeOfIndex(entries - 1) << ResetCodeOfIndex(0);
+    } else if (s.control == ControlKind::Combo) {
+        const int first = s.comboValue == ComboValue::IndexPlusOne ? 1 : 0;
+        choices << QString::number(first + entries - 1) << QString::number(first);
+    } else if (s.control == ControlKind::DigitGroup) {
+        const QString high = QString(s.digits.fixed, u'0') +
+                             QString(s.digits.count - s.digits.fixed, QChar(u'0' + s.digits.base - 1));
+        choices << high << QString(s.digits.count, u'0');
+    } else if (const auto limits = LimitsOf(s, model, LimitCheck::Button)) {
+        choices << FormatFixed(limits->upper, s.Decimals()) << FormatFixed(limits->lower, s.Decimals());
+    }
+    return choices.value(choices.value(0) == current ? 1 : 0);
+}
+
+// Every row a page can write: its value checked and converted by the table, sent in the write
+// button's frame, comes back by the group read (or, for the rows no group frame reads, from
+// the register) as the same text.
+TEST_F(WriteCommandTest, EveryWritableRowOfThePagesComesBackByRead) {
+    std::map<const ParamSpec*, QString> sent;
+    for (const ParamSpec& s : ParamTable()) {
+        const bool pageWrites = s.control != ControlKind::None && s.control != ControlKind::TextEdit;
+        if (s.readOnly || !pageWrites) continue;
+        const QString text = OtherValidText(s, Row(s.group, s.row).m_strSetValue, 1205);
+        const Converted c = ConvertAndValidate(s, text, 1205, LimitCheck::Button);
+        ASSERT_TRUE(c.Ok()) << s.Code().toStdString() << " " << text.toStdString();
+        EXPECT_EQ(c.text, text) << s.Code().toStdString();
+        std::array<unsigned char, kMaxFrameLength> tx{};
+        const int length = BuildWriteSingleFrame(tx, 1, s.Register(), c.value);
+        std::array<unsigned char, 8> rx{};
+        ASSERT_EQ(m_link->CommandSend(tx.data(), static_cast<unsigned long>(length), rx.data(),
+                                      rx.size()),
+                  ErrNone)
+            << s.Code().toStdString();
+        sent[&s] = text;
+    }
+    EXPECT_GT(sent.size(), 220u);
+
+    m_doc->SetModifiedFlag(false);
+    m_prompt.Station(1);
+    ASSERT_TRUE(m_commands.OnRead());
+    for (const auto& [s, text] : sent) {
+        const QString back = IsReadRow(s->group, s->row)
+                                 ? Row(s->group, s->row).m_strSetValue
+                                 : RegisterToText(*s, DriveValue(s->Register()));
+        EXPECT_EQ(back, text) << s->Code().toStdString();
+    }
 }
 
 TEST_F(WriteCommandTest, GuardsRunInOrderAndStopBeforeAnyParameterFrame) {

@@ -1,4 +1,4 @@
-#include "editing/ModelLimits.h"
+#include "params/ModelLimits.h"
 
 #include "base/TextConv.h"
 
@@ -126,24 +126,8 @@ std::optional<RangeLimit> ModelRangeLimit(int group, int row, int modelCode, Lim
     return std::nullopt;
 }
 
-std::optional<QString> FixedRangeText(int group, int row) {
-    struct Fixed {
-        int group;
-        int row;
-        const char* text;
-    };
-    static constexpr Fixed kFixed[] = {
-        {3, 8, "1~200"}, {4, 1, "1~200"}, {7, 1, "0.0~6000.0"},
-        {7, 7, "0~20"},  {9, 8, "0~20"},  {10, 4, "0.00~10.00"},
-    };
-    for (const Fixed& f : kFixed)
-        if (f.group == group && f.row == row) return QString::fromLatin1(f.text);
-    return std::nullopt;
-}
-
-bool WithinRange(double value, float lower, float upper) {
-    return static_cast<double>(lower) - 0.000001 < value &&
-           value < static_cast<double>(upper) + 0.000001;
+bool WithinRange(double value, double lower, double upper, double margin) {
+    return lower - margin < value && value < upper + margin;
 }
 
 }  // namespace quillon
