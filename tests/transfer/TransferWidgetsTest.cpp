@@ -10,11 +10,13 @@
 #include "shell/MainFrame.h"
 #include "sim/SimChannel.h"
 #include "support/AppSession.h"
+#include "support/WidgetTestSupport.h"
 #include "support/ScriptedPrompt.h"
 #include "transfer/TransferDialogs.h"
 #include "transfer/TransferUi.h"
 
 #include <QComboBox>
+#include <QElapsedTimer>
 #include <QGroupBox>
 #include <QHeaderView>
 #include <QLabel>
@@ -26,6 +28,7 @@
 #include <QTest>
 #include <QTimer>
 #include <gtest/gtest.h>
+#include <set>
 
 namespace quillon::test {
 namespace {
@@ -194,7 +197,9 @@ TEST(TransferDialogs, CommParamDialogOpensCrossedAndKeepsTheStationIn1To32) {
 class FrameTransferTest : public ::testing::Test {
 protected:
     void SetUp() override {
-        m_bus = std::make_shared<sim::SimBus>(TestBusSetup());
+        sim::BusSetup setup = TestBusSetup();
+        setup.faults.extraDelayMs = m_nReplyDelayMs;
+        m_bus = std::make_shared<sim::SimBus>(setup);
         m_line = std::make_shared<sim::SimLine>();
         m_factory.emplace(sim::SimChannelFactory(m_bus, m_line));
         CDriveSerial& link = m_app.frame->LinkSession().EnsureLink();
@@ -210,6 +215,7 @@ protected:
     }
     CTransferUi& Transfer() { return *TransferUiOf(*m_app.frame); }
 
+    int m_nReplyDelayMs = 0;
     ScriptedPrompt m_prompt;
     AppSession m_app;
     std::shared_ptr<sim::SimBus> m_bus;
@@ -255,6 +261,50 @@ TEST_F(FrameTransferTest, AutoRefreshRunsOnTheTimerRefusesNewAndCloseAndStopsAtD
     EXPECT_FALSE(Transfer().AutoRefresh().CycleRunning());
     frame.UpdateCommandUI();
     EXPECT_FALSE(frame.Action(CmdId::AutoRefresh)->isChecked());
+}
+
+// A drive that answers slowly: the link work runs off the interface thread, so a timer there
+// keeps its beat, the progress window shows every group as it comes, and the program can't be
+// closed meanwhile.
+class SlowDriveTest : public FrameTransferTest {
+protected:
+    SlowDriveTest() { m_nReplyDelayMs = 60; }
+};
+
+TEST_F(SlowDriveTest, ReadKeepsTheWindowsAliveAndShowsItsProgress) {
+    CProgressDlg& progress = *Transfer().ProgressWindow();
+    QElapsedTimer clock;
+    qint64 last = 0;
+    qint64 longest = 0;
+    std::set<int> positions;
+    std::set<QString> labels;
+    bool closed = false;
+    bool shot = false;
+    QTimer beat;
+    const auto tick = [&] {
+        longest = std::max(longest, clock.elapsed() - last);
+        last = clock.elapsed();
+    };
+    QObject::connect(&beat, &QTimer::timeout, [&] {
+        tick();
+        if (!progress.isVisible()) return;
+        positions.insert(progress.Bar()->value());
+        labels.insert(progress.Label()->text());
+        closed = closed || m_app.frame->close();
+        if (positions.size() == 6 && !std::exchange(shot, true))
+            SaveScreenshot(progress, "progress-read.png");
+    });
+    m_prompt.Station(1);
+    beat.start(50);
+    clock.start();
+    m_app.frame->OnCommand(CmdId::Read);
+    tick();
+    beat.stop();
+    EXPECT_EQ(m_prompt.Messages(), QStringList{"Read sucessful !"});
+    EXPECT_LT(longest, 150);
+    EXPECT_GE(positions.size(), 8u);
+    EXPECT_GE(labels.size(), 8u);
+    EXPECT_FALSE(closed);
 }
 
 }  // namespace
