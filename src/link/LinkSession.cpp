@@ -300,8 +300,10 @@ void CLinkSession::OnLinkWatchTick()
         BuildReadFrame(tx, station, RegControlWord, 1);
         std::array<unsigned char, ReadReplyLength(1)> rx{};
         // An exception reply is an answer: the station is alive.
-        const ErrType result = m_pLink ? m_pLink->CommandSend(tx.data(), tx.size(), rx.data(), rx.size())
-                                       : ErrComm;
+        ErrType result = ErrComm;
+        if (CDriveSerial* link = m_pLink.get())
+            m_windows.LinkWork(
+                [&] { result = link->CommandSend(tx.data(), tx.size(), rx.data(), rx.size()); });
         if (result == ErrNone) {
             ++i;
             continue;

@@ -4,9 +4,9 @@
 // stations, and the identification a link take-over runs without any dialog. The results are
 // the session's linked state (SessionState) and the status bar panes.
 //
-// Everything here runs on the interface thread. The connect sequence hands its transactions to
-// ILinkWindows::LinkWork, which on the desktop runs them off the interface thread; supervision
-// and the take-over's identification send theirs directly, one short frame per station.
+// Everything here runs on the interface thread. The connect sequence and the supervision hand
+// their transactions to ILinkWindows::LinkWork, which on the desktop runs them off the interface
+// thread; the take-over's identification at start-up sends its frames directly.
 
 #include "base/SessionState.h"
 #include "link/DriveSerial.h"
