@@ -10,13 +10,13 @@
 #include "shell/MainFrame.h"
 #include "sim/SimChannel.h"
 #include "support/AppSession.h"
-#include "support/WidgetTestSupport.h"
 #include "support/ScriptedPrompt.h"
+#include "support/UiBeat.h"
+#include "support/WidgetTestSupport.h"
 #include "transfer/TransferDialogs.h"
 #include "transfer/TransferUi.h"
 
 #include <QComboBox>
-#include <QElapsedTimer>
 #include <QGroupBox>
 #include <QHeaderView>
 #include <QLabel>
@@ -273,35 +273,21 @@ protected:
 
 TEST_F(SlowDriveTest, ReadKeepsTheWindowsAliveAndShowsItsProgress) {
     CProgressDlg& progress = *Transfer().ProgressWindow();
-    QElapsedTimer clock;
-    qint64 last = 0;
-    qint64 longest = 0;
     std::set<int> positions;
     std::set<QString> labels;
     bool closed = false;
-    bool shot = false;
-    QTimer beat;
-    const auto tick = [&] {
-        longest = std::max(longest, clock.elapsed() - last);
-        last = clock.elapsed();
-    };
-    QObject::connect(&beat, &QTimer::timeout, [&] {
-        tick();
+    m_prompt.Station(1);
+    UiBeat beat([&] {
         if (!progress.isVisible()) return;
         positions.insert(progress.Bar()->value());
         labels.insert(progress.Label()->text());
         closed = closed || m_app.frame->close();
-        if (positions.size() == 6 && !std::exchange(shot, true))
+        if (positions.size() == 6 && labels.size() == 6)
             SaveScreenshot(progress, "progress-read.png");
     });
-    m_prompt.Station(1);
-    beat.start(50);
-    clock.start();
     m_app.frame->OnCommand(CmdId::Read);
-    tick();
-    beat.stop();
+    EXPECT_LT(beat.LongestGapMs(), 150);
     EXPECT_EQ(m_prompt.Messages(), QStringList{"Read sucessful !"});
-    EXPECT_LT(longest, 150);
     EXPECT_GE(positions.size(), 8u);
     EXPECT_GE(labels.size(), 8u);
     EXPECT_FALSE(closed);
