@@ -185,7 +185,9 @@ int CConnectDlg::RefreshModules()
     {
         CWaitCursor wait;
         CDriveSerial& link = m_link.EnsureLink();
-        m_link.Windows().LinkWork([&] { found = m_modules.Refresh(link); });
+        std::vector<DeviceRecord> devices;
+        m_link.Windows().LinkWork([&] { link.DiscoverDevices(devices); });
+        found = m_modules.Take(std::move(devices), link);
     }
     const QSignalBlocker block(m_module);
     m_module->clear();
