@@ -62,7 +62,7 @@ bool CTransferCommands::IdentifyForRead(int station, int& capacity) {
     int modelWord = 0;
     float version = 0.0f;
     // Each reader has told its failure already.
-    if (!OnLink([&] {
+    if (!OnLink(m_windows, [&] {
             return ReadModelWord(*link, station, modelWord) &&
                    ReadCapacity(*link, station, capacity) && ReadVersion(*link, station, version);
         }))
@@ -70,12 +70,6 @@ bool CTransferCommands::IdentifyForRead(int station, int& capacity) {
     m_session.m_nModelWord = modelWord;
     m_fVersion = version;
     return true;
-}
-
-bool CTransferCommands::OnLink(const std::function<bool()>& step) {
-    bool ok = false;
-    m_windows.LinkWork([&] { ok = step(); });
-    return ok;
 }
 
 bool CTransferCommands::ReadAllGroups(CDriveSerial& link, CM330Doc& doc, IProgress& progress) {
@@ -89,7 +83,7 @@ bool CTransferCommands::ReadAllGroups(CDriveSerial& link, CM330Doc& doc, IProgre
         GroupReadout readout;
         QString error;
         const bool ok =
-            OnLink([&] { return ReadGroupRegisters(link, station, g, readout, error); });
+            OnLink(m_windows, [&] { return ReadGroupRegisters(link, station, g, readout, error); });
         ApplyReadout(doc, readout);
         if (!ok) {
             m_session.m_strLastError = error;
@@ -162,7 +156,7 @@ bool CTransferCommands::OnWrite() {
     const int st = *station;
 
     int locked = 0;
-    if (!OnLink([&] { return ReadPasswordState(*link, st, locked); })) return false;
+    if (!OnLink(m_windows, [&] { return ReadPasswordState(*link, st, locked); })) return false;
     if (locked) {
         Prompt().Message(
             QStringLiteral("The station num %1 has exist password, can't write parameter value!")
@@ -170,14 +164,14 @@ bool CTransferCommands::OnWrite() {
         return false;
     }
     int running = 0;
-    if (!OnLink([&] { return ReadRunStatus(*link, st, running); })) return false;
+    if (!OnLink(m_windows, [&] { return ReadRunStatus(*link, st, running); })) return false;
     if (running) {
         Prompt().Message(QString::fromLatin1(kDriveRunning));
         return false;
     }
     int modelWord = 0;
     int capacity = 0;
-    if (!OnLink([&] {
+    if (!OnLink(m_windows, [&] {
             return ReadModelWord(*link, st, modelWord) && ReadCapacity(*link, st, capacity);
         }))
         return false;
@@ -193,7 +187,7 @@ bool CTransferCommands::OnWrite() {
         writeMotor = false;
     }
     float version = 0.0f;
-    if (!OnLink([&] { return ReadVersion(*link, st, version); })) return false;
+    if (!OnLink(m_windows, [&] { return ReadVersion(*link, st, version); })) return false;
     m_fVersion = version;
     m_snapshot = WriteSnapshot{};
     FillWriteSnapshot(*doc, m_snapshot);
@@ -214,7 +208,9 @@ bool CTransferCommands::OnWrite() {
         progress.SetLabel(WriteProgressLabel(g, st));
         const bool skipped = g == kMotorGroup && !m_bWriteMotorData;
         const auto routine = routines[static_cast<std::size_t>(g)];
-        const bool ok = skipped || OnLink([&] { return (writer.*routine)(m_snapshot, st) != 0; });
+        const bool ok = skipped || OnLink(m_windows, [&] {
+                            return (writer.*routine)(m_snapshot, st) != 0;
+                        });
         m_session.m_strLastError = writerSession.m_strLastError;
         m_session.m_nReg0002 = writerSession.m_nReg0002;
         if (!ok) {

@@ -12,7 +12,6 @@
 #include "transfer/GroupWrite.h"
 
 #include <QString>
-#include <functional>
 
 namespace quillon {
 
@@ -51,8 +50,6 @@ public:
     const WriteSnapshot& Snapshot() const { return m_snapshot; }
 
 private:
-    // Runs `step` as link work and returns its result.
-    bool OnLink(const std::function<bool()>& step);
     // The fifteen group reads under the progress window: range 0 to 15, the label before each
     // group, the position after each. The first failure hides the window, its text in
     // m_strLastError.

@@ -74,4 +74,11 @@ public:
     virtual std::optional<QString> AskPasswordInput() = 0;
 };
 
+// Runs `step` as link work of `windows` and returns its result.
+inline bool OnLink(ITransferWindows& windows, const std::function<bool()>& step) {
+    bool ok = false;
+    windows.LinkWork([&] { ok = step(); });
+    return ok;
+}
+
 }  // namespace quillon

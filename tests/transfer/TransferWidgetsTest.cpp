@@ -236,6 +236,11 @@ TEST_F(FrameTransferTest, ReadAndWriteThroughTheMenuCommands) {
     m_prompt.Station(1);
     frame.OnCommand(CmdId::Write);
     EXPECT_EQ(m_prompt.Messages().last(), "Write successful!");
+
+    // A station that doesn't answer: the reader tells it from the worker, through the prompt.
+    m_prompt.Station(2).Answer(Answer::No);
+    frame.OnCommand(CmdId::Read);
+    EXPECT_EQ(m_prompt.Messages().last(), "TimeOut!");
 }
 
 TEST_F(FrameTransferTest, AutoRefreshRunsOnTheTimerRefusesNewAndCloseAndStopsAtDisconnect) {
