@@ -1,6 +1,9 @@
 #include "base/Prompt.h"
 
+#include <QCoreApplication>
+#include <QThread>
 #include <cstdio>
+#include <type_traits>
 
 namespace quillon {
 namespace {
@@ -31,9 +34,65 @@ private:
 FallbackPrompt g_fallback;
 IPrompt* g_prompt = nullptr;
 
+IPrompt& Installed() { return g_prompt ? *g_prompt : g_fallback; }
+
+// Runs `call` on the application's thread and waits for its result there.
+template <class F>
+auto OnAppThread(F call) {
+    using R = std::invoke_result_t<F>;
+    if constexpr (std::is_void_v<R>) {
+        QMetaObject::invokeMethod(QCoreApplication::instance(), call,
+                                  Qt::BlockingQueuedConnection);
+    } else {
+        R result{};
+        QMetaObject::invokeMethod(
+            QCoreApplication::instance(), [&] { result = call(); }, Qt::BlockingQueuedConnection);
+        return result;
+    }
+}
+
+// Link work on a worker thread asks through this one: every call goes to the application's
+// thread, where the dialogs live and the installed prompt is used, and the worker waits for the
+// answer. The application's thread is running its events while link work waits (LinkWork.h).
+class ForwardingPrompt final : public IPrompt {
+public:
+    void Message(const QString& text, MessageKind kind) override {
+        OnAppThread([&] { Installed().Message(text, kind); });
+    }
+    Answer YesNoCancel(const QString& text) override {
+        return OnAppThread([&] { return Installed().YesNoCancel(text); });
+    }
+    Answer YesNo(const QString& text) override {
+        return OnAppThread([&] { return Installed().YesNo(text); });
+    }
+    Answer OkCancel(const QString& text) override {
+        return OnAppThread([&] { return Installed().OkCancel(text); });
+    }
+    QString OpenFileName(const QString& caption, const QString& filter,
+                         const QString& suffix) override {
+        return OnAppThread([&] { return Installed().OpenFileName(caption, filter, suffix); });
+    }
+    QString SaveFileName(const QString& caption, const QString& filter, const QString& suffix,
+                         const QString& suggested) override {
+        return OnAppThread(
+            [&] { return Installed().SaveFileName(caption, filter, suffix, suggested); });
+    }
+    std::optional<int> ChooseStation(const QString& caption,
+                                     const std::vector<int>& stations) override {
+        return OnAppThread([&] { return Installed().ChooseStation(caption, stations); });
+    }
+
+};
+
+ForwardingPrompt g_forwarding;
+
 }  // namespace
 
-IPrompt& Prompt() { return g_prompt ? *g_prompt : g_fallback; }
+IPrompt& Prompt() {
+    const QCoreApplication* app = QCoreApplication::instance();
+    if (app && QThread::currentThread() != app->thread()) return g_forwarding;
+    return Installed();
+}
 
 IPrompt* SetPrompt(IPrompt* prompt) {
     IPrompt* previous = g_prompt;

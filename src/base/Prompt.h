@@ -37,7 +37,8 @@ public:
 };
 
 // The process-wide prompt. Until one is installed, a silent fallback writes messages to stderr
-// and answers Cancel / No, so nothing ever blocks on a missing front end.
+// and answers Cancel / No, so nothing ever blocks on a missing front end. Called on a worker
+// thread while the application runs, it asks on the application's thread and waits there.
 IPrompt& Prompt();
 // Installs `prompt` (not owned) and returns the previous one. nullptr restores the fallback.
 IPrompt* SetPrompt(IPrompt* prompt);

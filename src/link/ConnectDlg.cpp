@@ -184,7 +184,10 @@ int CConnectDlg::RefreshModules()
     int found = 0;
     {
         CWaitCursor wait;
-        found = m_modules.Refresh(m_link.EnsureLink());
+        CDriveSerial& link = m_link.EnsureLink();
+        std::vector<DeviceRecord> devices;
+        m_link.Windows().LinkWork([&] { link.DiscoverDevices(devices); });
+        found = m_modules.Take(std::move(devices), link);
     }
     const QSignalBlocker block(m_module);
     m_module->clear();
@@ -254,7 +257,10 @@ void CConnectDlg::OnSetIp()
         return;
     if (dlg.Address() != chosen->ip) {
         CWaitCursor wait;
-        if (!link.setIPAddress(mac, dlg.Address())) {
+        bool set = false;
+        const QString address = dlg.Address();
+        m_link.Windows().LinkWork([&] { set = link.setIPAddress(mac, address); });
+        if (!set) {
             Prompt().Message(kSetIpFailed);
         } else if (RefreshModules() > 0) {
             m_modules.ChooseMac(mac);
@@ -279,17 +285,23 @@ void CConnectDlg::OnAssignIp()
         return;
     {
         CWaitCursor wait;
-        if (!link.setIPAddress(dlg.Mac(), dlg.Address())) {
-            Prompt().Message(kSetIpFailed);
-        } else {
+        bool set = false;
+        const QString mac = dlg.Mac();
+        const QString address = dlg.Address();
+        const auto restartMs = static_cast<unsigned long>(m_nRestartWaitMs);
+        m_link.Windows().LinkWork([&] {
+            set = link.setIPAddress(mac, address);
             // The module restarts with its new address before it answers a search again.
-            QThread::msleep(static_cast<unsigned long>(m_nRestartWaitMs));
-            if (RefreshModules() > 0) {
-                const auto mac = ParseMac(dlg.Mac());
-                m_modules.ChooseMac(mac ? MacText(*mac) : dlg.Mac());
-                const QSignalBlocker block(m_module);
-                m_module->setCurrentIndex(m_modules.ChosenIndex());
-            }
+            if (set)
+                QThread::msleep(restartMs);
+        });
+        if (!set) {
+            Prompt().Message(kSetIpFailed);
+        } else if (RefreshModules() > 0) {
+            const auto parsed = ParseMac(mac);
+            m_modules.ChooseMac(parsed ? MacText(*parsed) : mac);
+            const QSignalBlocker block(m_module);
+            m_module->setCurrentIndex(m_modules.ChosenIndex());
         }
     }
     link.Close();

@@ -7,6 +7,7 @@
 #include "base/TextConv.h"
 #include "base/TextTable.h"
 #include "link/ModbusFrame.h"
+#include "link/LinkWork.h"
 #include "link/ModuleList.h"
 #include "link/RegisterReaders.h"
 #include "link/Registers.h"
@@ -15,6 +16,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 
 namespace quillon {
 namespace {
@@ -158,8 +160,12 @@ bool CLinkSession::Connect(const ConnectRequest& request)
     }
     g_nComPort = SessionPortNumber(port);
 
-    if (!link.InitComm(port, line.baud, line.dataBits, line.parity, line.stopBits, kQueueSize,
-                       kQueueSize)) {
+    bool opened = false;
+    m_windows.LinkWork([&] {
+        opened = link.InitComm(port, line.baud, line.dataBits, line.parity, line.stopBits,
+                               kQueueSize, kQueueSize);
+    });
+    if (!opened) {
         ReportOpenFailure();
         DeleteLink();
         return false;
@@ -189,26 +195,46 @@ bool CLinkSession::Connect(const ConnectRequest& request)
 
 bool CLinkSession::IdentifyStations(std::vector<int>& failed)
 {
+    // What each station answered; the session takes it over afterwards, on this thread.
+    struct Answers {
+        int station = 0;
+        std::optional<int> runSource;
+        std::optional<int> modelWord;
+        std::optional<Identification> id;
+    };
     CDriveSerial& link = *m_pLink;
-    for (int station : m_session.m_stations) {
-        int value = 0;
-        // A station that doesn't answer here ends the sequence at once; its message is shown.
-        if (!ReadRunSource(link, station, value)) {
+    const std::vector<int> stations = m_session.m_stations;
+    std::vector<Answers> answers;
+    m_windows.LinkWork([&] {
+        for (int station : stations) {
+            Answers& a = answers.emplace_back();
+            a.station = station;
+            int value = 0;
+            // A station that doesn't answer here ends the sequence at once; its message is shown.
+            if (!ReadRunSource(link, station, value))
+                return;
+            a.runSource = value;
+            if (!ReadModelWord(link, station, value))
+                return;
+            a.modelWord = value;
+            Identification id;
+            if (ReadIdentification(link, station, ReplyCaller::Identification, id).ok)
+                a.id = id;
+        }
+    });
+    for (const Answers& a : answers) {
+        if (a.runSource)
+            m_session.m_nReg0002 = *a.runSource;
+        if (!a.modelWord) {
             CloseLink();
             return false;
         }
-        m_session.m_nReg0002 = value;
-        if (!ReadModelWord(link, station, value)) {
-            CloseLink();
-            return false;
-        }
-        m_session.m_nModelWord = value;
-        Identification id;
-        if (ReadIdentification(link, station, ReplyCaller::Identification, id).ok) {
-            m_session.m_stationCapacities.push_back(id.capacity);
-            m_session.m_stationVersions.push_back(id.version);
+        m_session.m_nModelWord = *a.modelWord;
+        if (a.id) {
+            m_session.m_stationCapacities.push_back(a.id->capacity);
+            m_session.m_stationVersions.push_back(a.id->version);
         } else {
-            failed.push_back(station);
+            failed.push_back(a.station);
         }
     }
     return true;
@@ -217,7 +243,11 @@ bool CLinkSession::IdentifyStations(std::vector<int>& failed)
 bool CLinkSession::AcceptStations(const std::vector<int>& failed)
 {
     int modelWord = 0;
-    if (!ReadModelWord(*m_pLink, m_session.m_stations.front(), modelWord)) {
+    bool answered = false;
+    CDriveSerial& link = *m_pLink;
+    const int first = m_session.m_stations.front();
+    m_windows.LinkWork([&] { answered = ReadModelWord(link, first, modelWord) != 0; });
+    if (!answered) {
         CloseLink();
         return false;
     }
@@ -260,7 +290,8 @@ void CLinkSession::Disconnect()
 
 void CLinkSession::OnLinkWatchTick()
 {
-    if (!m_session.m_bOnline)
+    // Link work under way (a Read, a Write, a connect) has the link and the session.
+    if (!m_session.m_bOnline || LinkWorkRunning())
         return;
     std::vector<int>& stations = m_session.m_stations;
     for (std::size_t i = 0; i < stations.size();) {
@@ -269,8 +300,10 @@ void CLinkSession::OnLinkWatchTick()
         BuildReadFrame(tx, station, RegControlWord, 1);
         std::array<unsigned char, ReadReplyLength(1)> rx{};
         // An exception reply is an answer: the station is alive.
-        const ErrType result = m_pLink ? m_pLink->CommandSend(tx.data(), tx.size(), rx.data(), rx.size())
-                                       : ErrComm;
+        ErrType result = ErrComm;
+        if (CDriveSerial* link = m_pLink.get())
+            m_windows.LinkWork(
+                [&] { result = link->CommandSend(tx.data(), tx.size(), rx.data(), rx.size()); });
         if (result == ErrNone) {
             ++i;
             continue;

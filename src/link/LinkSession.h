@@ -4,8 +4,9 @@
 // stations, and the identification a link take-over runs without any dialog. The results are
 // the session's linked state (SessionState) and the status bar panes.
 //
-// Everything here runs on the interface thread and blocks it for the length of its
-// transactions, at most the link's response time-out for each frame.
+// Everything here runs on the interface thread. The connect sequence and the supervision hand
+// their transactions to ILinkWindows::LinkWork, which on the desktop runs them off the interface
+// thread; the take-over's identification at start-up sends its frames directly.
 
 #include "base/SessionState.h"
 #include "link/DriveSerial.h"
@@ -27,6 +28,10 @@ public:
     virtual void StartLinkWatch(int periodMs) = 0;
     virtual void StopLinkWatch() = 0;
     virtual void StopAutoRefresh() = 0;
+    // Runs a piece of link work (transactions, the device search; no widget) and returns when it
+    // has ended. The desktop runs it off the interface thread and keeps its windows shut to
+    // input meanwhile (LinkWork.h); elsewhere it runs at once.
+    virtual void LinkWork(const std::function<void()>& job) { job(); }
 };
 
 inline constexpr int kLinkWatchPeriodMs = 10000;

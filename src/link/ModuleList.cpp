@@ -10,6 +10,11 @@ int CModuleList::Refresh(CDriveSerial& link)
 {
     std::vector<DeviceRecord> found;
     link.DiscoverDevices(found);
+    return Take(std::move(found), link);
+}
+
+int CModuleList::Take(std::vector<DeviceRecord> found, CDriveSerial& link)
+{
     SetDevices(std::move(found));
     if (m_devices.empty()) {
         link.Close();

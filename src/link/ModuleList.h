@@ -20,6 +20,9 @@ public:
     // A new search on `link`, which is closed again afterwards: the records, their names and
     // the preselected module from the session file. The number of records, or -1 for none.
     int Refresh(CDriveSerial& link);
+    // The same for the records a search on `link` has found (DiscoverDevices, which the caller
+    // may run as link work).
+    int Take(std::vector<DeviceRecord> found, CDriveSerial& link);
 
     const std::vector<DeviceRecord>& Devices() const { return m_devices; }
     bool Empty() const { return m_devices.empty(); }

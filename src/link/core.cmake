@@ -9,6 +9,7 @@ target_sources(quillon_core PRIVATE
   ${CMAKE_CURRENT_LIST_DIR}/LinkResult.cpp
   ${CMAKE_CURRENT_LIST_DIR}/LinkSession.cpp
   ${CMAKE_CURRENT_LIST_DIR}/LinkThread.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/LinkWork.cpp
   ${CMAKE_CURRENT_LIST_DIR}/ModbusFrame.cpp
   ${CMAKE_CURRENT_LIST_DIR}/ModuleList.cpp
   ${CMAKE_CURRENT_LIST_DIR}/PortMap.cpp

@@ -7,6 +7,7 @@
 #include "shell/HandOver.h"
 #include "shell/MainFrame.h"
 #include "shell/StartupArgs.h"
+#include "ui/IconCachingStyle.h"
 
 #include <exception>
 
@@ -17,6 +18,7 @@ CM330App::CM330App(int& argc, char** argv, Options options)
     setApplicationName(QStringLiteral("Quillon"));
     setOrganizationName(QStringLiteral("Local AppWizard-Generated Applications"));
     setWindowIcon(QIcon(ProgramPicture(48)));
+    setStyle(new CIconCachingStyle);  // the application owns it
     m_previousPrompt = SetPrompt(&m_prompt);
 }
 

@@ -18,6 +18,7 @@
 #include "shell/ProjectTreeRules.h"
 #include "shell/RecentFileList.h"
 #include "shell/ToolbarIcons.h"
+#include "ui/ModalLinkWork.h"
 
 #include <QAction>
 #include <QCloseEvent>
@@ -404,6 +405,8 @@ void CMainFrame::StopAutoRefresh() {
 void CMainFrame::StartLinkWatch(int periodMs) { m_linkWatch->start(periodMs); }
 
 void CMainFrame::StopLinkWatch() { m_linkWatch->stop(); }
+
+void CMainFrame::LinkWork(const std::function<void()>& job) { RunModalLinkWork(job); }
 
 // ---- help, closing, dropped files ----------------------------------------------------------
 

@@ -101,6 +101,7 @@ private:
     // ILinkWindows
     void StartLinkWatch(int periodMs) override;
     void StopLinkWatch() override;
+    void LinkWork(const std::function<void()>& job) override;
 
     void CreateActions();
     void CreateMenus();

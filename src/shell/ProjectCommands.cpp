@@ -76,8 +76,6 @@ void CProjectCommands::OnFileNew() {
 
     auto doc = std::make_unique<CM330Doc>(m_session);
     doc->OnNewDocument();
-    m_windows.SetStatusPane(Pane::FileName, NewProjectTitle());
-    m_windows.SetStatusPane(Pane::Model, m_session.m_strModelName);
     TakeDocument(std::move(doc), NewProjectTitle());
     rollback.Commit();
     m_windows.RebuildTree();
@@ -151,8 +149,6 @@ std::unique_ptr<CM330Doc> CProjectCommands::OnOpenDocument(const QString& path) 
         return nullptr;
     }
     m_session.m_strProjectPath = path;
-    m_windows.SetStatusPane(Pane::FileName, ProjectFileName());
-    m_windows.SetStatusPane(Pane::Model, m_session.m_strModelName);
     m_windows.RebuildTree();
     return doc;
 }
@@ -162,6 +158,23 @@ void CProjectCommands::TakeDocument(std::unique_ptr<CM330Doc> doc, const QString
     m_windows.ShowProjectWindow(*doc);
     m_doc = std::move(doc);
     m_windows.SetProjectWindowTitle(title);
+    ShowProjectPanes();
+}
+
+void CProjectCommands::ShowProjectPanes() {
+    // Without a project both panes show their labels alone; a project without a path yet is
+    // the new project.
+    QString name;
+    if (m_doc) name = m_session.m_strProjectPath.isEmpty() ? NewProjectTitle() : ProjectFileName();
+    m_windows.SetStatusPane(Pane::FileName, name);
+    m_windows.SetStatusPane(Pane::Model, m_doc ? m_session.m_strModelName : QString());
+}
+
+void CProjectCommands::DropDocument() {
+    m_windows.DestroyProjectWindow();
+    m_doc.reset();
+    m_session.m_strProjectPath.clear();
+    m_session.m_strModelName.clear();
 }
 
 CProjectCommands::SaveResult CProjectCommands::SaveDocument(bool askForPath) {
@@ -184,7 +197,7 @@ CProjectCommands::SaveResult CProjectCommands::SaveDocument(bool askForPath) {
     m_recent.Add(path);
     m_windows.RecentListChanged();
     if (m_windows.HasProjectWindow()) m_windows.SetProjectWindowTitle(ProjectFileName());
-    m_windows.SetStatusPane(Pane::FileName, ProjectFileName());
+    ShowProjectPanes();
     return SaveResult::Saved;
 }
 
@@ -207,20 +220,16 @@ bool CProjectCommands::SaveModified() {
 void CProjectCommands::OnFileClose() {
     if (!m_doc) return;
     if (!SaveModified()) return;
-    m_windows.DestroyProjectWindow();
-    m_doc.reset();
+    DropDocument();
     m_windows.ClearTree();
-    m_session.m_strProjectPath.clear();
-    m_session.m_strModelName.clear();
-    m_windows.SetStatusPane(Pane::FileName, QString());
-    m_windows.SetStatusPane(Pane::Model, QString());
+    ShowProjectPanes();
 }
 
 bool CProjectCommands::OnProjectWindowClose() {
     m_windows.ClearTree();
     if (!SaveModified()) return false;
-    m_windows.DestroyProjectWindow();
-    m_doc.reset();
+    DropDocument();
+    ShowProjectPanes();
     return true;
 }
 

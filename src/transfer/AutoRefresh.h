@@ -1,6 +1,7 @@
 #pragma once
 // Auto refresh: all parameter groups of one station read over and over, so that the list
-// follows the drive. The program's one use of a second thread.
+// follows the drive. Unlike the commands' link work (LinkWork.h), its cycles run on while the
+// person goes on working.
 //
 // A 100 ms timer on the interface thread calls Tick. While the toggle is on, Tick starts a
 // worker thread for one cycle whenever the last one has ended, so only one cycle runs at a time.

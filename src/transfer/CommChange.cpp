@@ -72,9 +72,10 @@ bool ApplyCommChange(SessionState& session, ITransferWindows& windows,
     std::array<unsigned char, WriteMultipleLength(kCommFrameRegisters)> tx{};
     BuildWriteMultipleFrame(tx, target, RegCommBlock, values);
     std::array<unsigned char, kWriteReplyLength> rx{};
-    const ErrType result = link && !session.m_stations.empty()
-                               ? link->CommandSend(tx.data(), tx.size(), rx.data(), rx.size())
-                               : ErrComm;
+    ErrType result = ErrComm;
+    if (link && !session.m_stations.empty())
+        windows.LinkWork(
+            [&] { result = link->CommandSend(tx.data(), tx.size(), rx.data(), rx.size()); });
     const ReplyVerdict sent =
         JudgeReply(ReplyCaller::Identification, result, rx.data(), ModbusFn::WriteMultiple, target);
     if (!sent.ok) {
@@ -87,22 +88,26 @@ bool ApplyCommChange(SessionState& session, ITransferWindows& windows,
     g_strStationList = QString::number(choice.station);
     const QString port = QStringLiteral("COM%1").arg(g_nComPort + 1);
     link->Close();
-    if (!link->InitComm(port, static_cast<unsigned long>(kBaudRates[baudIndex]), 8,
-                        LinkParityOfList(parityList), stopIndex == 0 ? 1.0f : 2.0f, kQueueSize,
-                        kQueueSize)) {
+    if (!OnLink(windows, [&] {
+            return link->InitComm(port, static_cast<unsigned long>(kBaudRates[baudIndex]), 8,
+                                  LinkParityOfList(parityList), stopIndex == 0 ? 1.0f : 2.0f,
+                                  kQueueSize, kQueueSize) != 0;
+        })) {
         Prompt().Message(LoadText(TextId::CantOpenPort), MessageKind::Error);
         windows.DeleteLink();
         return false;
     }
     int runSource = 0;
-    if (!ReadRunSource(*link, choice.station, runSource)) {
+    if (!OnLink(windows, [&] { return ReadRunSource(*link, choice.station, runSource) != 0; })) {
         link->Close();
         return false;
     }
     session.m_nReg0002 = runSource;
     Identification id;
-    const ReplyVerdict identified =
-        ReadIdentification(*link, choice.station, ReplyCaller::Identification, id);
+    ReplyVerdict identified;
+    windows.LinkWork([&] {
+        identified = ReadIdentification(*link, choice.station, ReplyCaller::Identification, id);
+    });
     if (identified.ok) {
         g_nBaudIndex = baudIndex;
         g_nStopBitsIndex = stopIndex;

@@ -118,7 +118,8 @@ std::optional<PasswordTarget> ChoosePasswordTarget(SessionState& session, ITrans
     CDriveSerial* link = windows.Link();
     if (!station || !link) return std::nullopt;
     PasswordTarget target{link, *station, 0};
-    if (!ReadPasswordState(*link, *station, target.locked)) return std::nullopt;
+    if (!OnLink(windows, [&] { return ReadPasswordState(*link, *station, target.locked); }))
+        return std::nullopt;
     return target;
 }
 
@@ -143,12 +144,17 @@ void RunPasswordSet(SessionState& session, ITransferWindows& windows) {
     if (!target) return;
     if (!target->locked) {
         const std::optional<QString> password = windows.AskPasswordSet();
-        if (password) SendNewPassword(*target->link, target->station, Atoi(*password));
+        if (password)
+            windows.LinkWork(
+                [&] { SendNewPassword(*target->link, target->station, Atoi(*password)); });
         return;
     }
     const std::optional<ChangePasswordEntry> change = windows.AskChangePassword();
-    if (!change || !Unlock(*target, change->oldPassword, kDisableError)) return;
-    SendNewPassword(*target->link, target->station, Atoi(change->newPassword));
+    if (!change ||
+        !OnLink(windows, [&] { return Unlock(*target, change->oldPassword, kDisableError); }))
+        return;
+    windows.LinkWork(
+        [&] { SendNewPassword(*target->link, target->station, Atoi(change->newPassword)); });
 }
 
 void RunPasswordClear(SessionState& session, ITransferWindows& windows) {
@@ -159,7 +165,7 @@ void RunPasswordClear(SessionState& session, ITransferWindows& windows) {
         return;
     }
     const std::optional<QString> password = windows.AskPasswordInput();
-    if (password) Unlock(*target, *password, kSetFailure);
+    if (password) OnLink(windows, [&] { return Unlock(*target, *password, kSetFailure); });
 }
 
 }  // namespace quillon

@@ -58,11 +58,36 @@ bool CTransferCommands::IdentifyForRead(int station, int& capacity) {
     int modelWord = 0;
     float version = 0.0f;
     // Each reader has told its failure already.
-    if (!ReadModelWord(*link, station, modelWord) || !ReadCapacity(*link, station, capacity) ||
-        !ReadVersion(*link, station, version))
+    if (!OnLink(m_windows, [&] {
+            return ReadModelWord(*link, station, modelWord) &&
+                   ReadCapacity(*link, station, capacity) && ReadVersion(*link, station, version);
+        }))
         return false;
     m_session.m_nModelWord = modelWord;
     m_fVersion = version;
+    return true;
+}
+
+bool CTransferCommands::ReadAllGroups(CDriveSerial& link, CM330Doc& doc, IProgress& progress) {
+    const int station = m_nReadStation;
+    progress.SetRange(0, kRegisterGroupCount);
+    progress.SetPos(0);
+    for (int g = 0; g < kRegisterGroupCount; ++g) {
+        progress.SetLabel(ReadProgressLabel(g, station));
+        // The frames go out as link work; the values reach the rows here, before the next
+        // group, and what came before a failed frame is kept.
+        GroupReadout readout;
+        QString error;
+        const bool ok =
+            OnLink(m_windows, [&] { return ReadGroupRegisters(link, station, g, readout, error); });
+        ApplyReadout(doc, readout);
+        if (!ok) {
+            m_session.m_strLastError = error;
+            progress.Hide();
+            return false;
+        }
+        progress.SetPos(g + 1);
+    }
     return true;
 }
 
@@ -96,9 +121,7 @@ bool CTransferCommands::OnRead() {
     doc->ReloadCatalogue();
     doc->ApplyRatedDefaults(false);
 
-    CGroupReader reader(*link, *doc, m_session.m_strLastError);
-    if (!reader.ReadAllGroups(m_nReadStation, progress)) {
-        progress.Hide();
+    if (!ReadAllGroups(*link, *doc, progress)) {
         Prompt().Message(m_session.m_strLastError);
         m_session.m_bReading = 0;
         return false;
@@ -127,7 +150,7 @@ bool CTransferCommands::OnWrite() {
     const int st = *station;
 
     int locked = 0;
-    if (!ReadPasswordState(*link, st, locked)) return false;
+    if (!OnLink(m_windows, [&] { return ReadPasswordState(*link, st, locked); })) return false;
     if (locked) {
         Prompt().Message(
             QStringLiteral("The station num %1 has exist password, can't write parameter value!")
@@ -135,14 +158,17 @@ bool CTransferCommands::OnWrite() {
         return false;
     }
     int running = 0;
-    if (!ReadRunStatus(*link, st, running)) return false;
+    if (!OnLink(m_windows, [&] { return ReadRunStatus(*link, st, running); })) return false;
     if (running) {
         Prompt().Message(QString::fromLatin1(kDriveRunning));
         return false;
     }
     int modelWord = 0;
     int capacity = 0;
-    if (!ReadModelWord(*link, st, modelWord) || !ReadCapacity(*link, st, capacity)) return false;
+    if (!OnLink(m_windows, [&] {
+            return ReadModelWord(*link, st, modelWord) && ReadCapacity(*link, st, capacity);
+        }))
+        return false;
     m_session.m_nModelWord = modelWord;
     bool writeMotor = true;
     if (capacity != m_session.m_nModelCode) {
@@ -155,7 +181,7 @@ bool CTransferCommands::OnWrite() {
         writeMotor = false;
     }
     float version = 0.0f;
-    if (!ReadVersion(*link, st, version)) return false;
+    if (!OnLink(m_windows, [&] { return ReadVersion(*link, st, version); })) return false;
     m_fVersion = version;
     m_snapshot = WriteSnapshot{};
     FillWriteSnapshot(*doc, m_snapshot);
@@ -167,12 +193,21 @@ bool CTransferCommands::OnWrite() {
     progress.SetPos(0);
     m_session.m_bWriting = 1;
 
-    CGroupWriter writer(*link, m_session);
+    // The writer works as link work, on a session of its own; the error text and 00-02 it
+    // leaves there come back after each group.
+    SessionState writerSession = m_session;
+    CGroupWriter writer(*link, writerSession);
     const auto& routines = CGroupWriter::CommandRoutines();
     for (int g = 0; g < static_cast<int>(routines.size()); ++g) {
         progress.SetLabel(WriteProgressLabel(g, st));
         const bool skipped = g == kMotorGroup && !m_bWriteMotorData;
-        if (!skipped && !(writer.*routines[static_cast<std::size_t>(g)])(m_snapshot, st)) {
+        const auto routine = routines[static_cast<std::size_t>(g)];
+        const bool ok = skipped || OnLink(m_windows, [&] {
+                            return (writer.*routine)(m_snapshot, st) != 0;
+                        });
+        m_session.m_strLastError = writerSession.m_strLastError;
+        m_session.m_nReg0002 = writerSession.m_nReg0002;
+        if (!ok) {
             m_session.m_bWriting = 0;
             progress.Hide();
             // A reader that failed inside the routine has told its failure itself.

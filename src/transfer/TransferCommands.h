@@ -1,7 +1,8 @@
 #pragma once
 // The Read and Write commands of the Run menu and the two password commands, in their fixed
-// order of steps. They block the calling (interface) thread for their transactions, and work on
-// the session, the link and the project through ITransferWindows.
+// order of steps. They work on the session, the link and the project through ITransferWindows.
+// Read and Write hand every transaction to ITransferWindows::LinkWork and do everything else
+// (questions, the project, the progress window) themselves, in order, between those steps.
 //
 // Read: station, save question, identification, the catalogue for the drive's model, the
 // fifteen group reads, read values to set values, factory defaults, "Read sucessful !".
@@ -15,6 +16,9 @@
 namespace quillon {
 
 struct SessionState;
+class CDriveSerial;
+class CM330Doc;
+class IProgress;
 class ITransferWindows;
 
 // The station dialogs (CReadDlg, CStationSelectDlg): the prompt's station chooser, a drop-down
@@ -46,6 +50,10 @@ public:
     const WriteSnapshot& Snapshot() const { return m_snapshot; }
 
 private:
+    // The fifteen group reads under the progress window: range 0 to 15, the label before each
+    // group, the position after each. The first failure hides the window, its text in
+    // m_strLastError.
+    bool ReadAllGroups(CDriveSerial& link, CM330Doc& doc, IProgress& progress);
     bool SaveBeforeRead();
     bool IdentifyForRead(int station, int& capacity);
 

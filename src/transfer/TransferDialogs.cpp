@@ -88,7 +88,6 @@ void CProgressDlg::SetPos(int pos) {
 
 void CProgressDlg::SetLabel(const QString& label) {
     m_label->setText(label);
-    // The interface thread is busy with the transfer: the window paints when told to.
     repaint();
 }
 

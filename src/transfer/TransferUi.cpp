@@ -4,11 +4,13 @@
 #include "base/Prompt.h"
 #include "base/TextTable.h"
 #include "link/LinkSession.h"
+#include "link/LinkWork.h"
 #include "shell/CommandIds.h"
 #include "shell/FrameFeatures.h"
 #include "shell/M330View.h"
 #include "shell/MainFrame.h"
 #include "transfer/TransferDialogs.h"
+#include "ui/ModalLinkWork.h"
 
 #include <QPointer>
 #include <QTimer>
@@ -25,7 +27,10 @@ CTransferUi::CTransferUi(CMainFrame& frame)
     setObjectName(QStringLiteral("TransferUi"));
     m_timer->setObjectName(QStringLiteral("AutoRefreshTimer"));
     m_timer->setInterval(kAutoRefreshPeriodMs);
-    connect(m_timer, &QTimer::timeout, this, Guarded([this] { m_autoRefresh.Tick(); }));
+    // A Read or Write under way has the link and the project: the cycle waits for the next tick.
+    connect(m_timer, &QTimer::timeout, this, Guarded([this] {
+                if (!LinkWorkRunning()) m_autoRefresh.Tick();
+            }));
     Install();
 }
 
@@ -84,6 +89,8 @@ bool CTransferUi::SaveProject() {
 }
 
 CDriveSerial* CTransferUi::Link() { return m_frame.LinkSession().Link(); }
+
+void CTransferUi::LinkWork(const std::function<void()>& job) { RunModalLinkWork(job); }
 
 void CTransferUi::DeleteLink() {
     // Nothing may use the link while it goes.

@@ -41,6 +41,7 @@ public:
     CM330Doc* NewDocumentForDrive() override;
     bool SaveProject() override;
     CDriveSerial* Link() override;
+    void LinkWork(const std::function<void()>& job) override;
     void DeleteLink() override;
     void ShowUnwrittenParams(const std::vector<MotorParam>& params) override;
     void SetRefreshTimer(bool running) override;

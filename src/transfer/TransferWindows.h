@@ -8,6 +8,7 @@
 #include "params/M330Doc.h"
 
 #include <QString>
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -54,6 +55,10 @@ public:
 
     // The link; nullptr when there is none.
     virtual CDriveSerial* Link() = 0;
+    // Runs a piece of link work (transactions only: no document, no widget) and returns when it
+    // has ended. The desktop runs it off the interface thread, with the windows painting and
+    // every other command shut until it ends (LinkWork.h); elsewhere it runs at once.
+    virtual void LinkWork(const std::function<void()>& job) { job(); }
     // Closes and deletes the link (a change of communication settings that can't reopen it).
     virtual void DeleteLink() = 0;
 
@@ -68,5 +73,12 @@ public:
     virtual std::optional<ChangePasswordEntry> AskChangePassword() = 0;
     virtual std::optional<QString> AskPasswordInput() = 0;
 };
+
+// Runs `step` as link work of `windows` and returns its result.
+inline bool OnLink(ITransferWindows& windows, const std::function<bool()>& step) {
+    bool ok = false;
+    windows.LinkWork([&] { ok = step(); });
+    return ok;
+}
 
 }  // namespace quillon

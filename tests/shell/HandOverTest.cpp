@@ -47,6 +47,7 @@ TEST(HandOver, LinkTakenOverFromAPinnedPtyWithNoDialog)
     ASSERT_NE(s.frame->Document(), nullptr);
     EXPECT_EQ(s.frame->ChildFrame()->windowTitle(), QStringLiteral("New Project"));
     EXPECT_GT(s.frame->Tree()->topLevelItemCount(), 0);
+    EXPECT_EQ(s.frame->StatusPaneText(0), QStringLiteral("File name:New Project"));
     EXPECT_EQ(s.frame->StatusPaneText(1), QStringLiteral("Version:1.234"));
     EXPECT_EQ(s.frame->StatusPaneText(2), QStringLiteral("Station Num:1"));
     EXPECT_EQ(s.frame->StatusPaneText(3), QStringLiteral("Model:R770-2P5-Kxx"));

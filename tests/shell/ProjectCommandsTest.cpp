@@ -396,5 +396,10 @@ TEST(ProjectCommands, WindowCloseBoxAndFrameClose) {
         EXPECT_TRUE(f.commands.OnProjectWindowClose());
         EXPECT_EQ(f.commands.Document(), nullptr);
         EXPECT_EQ(f.windows.shown, nullptr);
+        EXPECT_EQ(f.windows.panes[0] + f.windows.panes[3], "File name:Model:");
     }
+    // A link taken over (or a Read) without a project makes the new project the panes show.
+    f.session.m_strModelName = "R770-201-Kxx";
+    f.commands.NewDocumentForLinkedDrive();
+    EXPECT_EQ(f.windows.panes[0] + f.windows.panes[3], "File name:New ProjectModel:R770-201-Kxx");
 }

@@ -11,6 +11,8 @@
 #include "sim/SimChannel.h"
 #include "support/AppSession.h"
 #include "support/ScriptedPrompt.h"
+#include "support/UiBeat.h"
+#include "support/WidgetTestSupport.h"
 #include "transfer/TransferDialogs.h"
 #include "transfer/TransferUi.h"
 
@@ -24,6 +26,7 @@
 #include <QTest>
 #include <QTimer>
 #include <gtest/gtest.h>
+#include <set>
 
 namespace quillon::test {
 namespace {
@@ -168,7 +171,9 @@ TEST(TransferDialogs, CommParamDialogOpensCrossedAndKeepsTheStationIn1To32) {
 class FrameTransferTest : public ::testing::Test {
 protected:
     void SetUp() override {
-        m_bus = std::make_shared<sim::SimBus>(TestBusSetup());
+        sim::BusSetup setup = TestBusSetup();
+        setup.faults.extraDelayMs = m_nReplyDelayMs;
+        m_bus = std::make_shared<sim::SimBus>(setup);
         m_line = std::make_shared<sim::SimLine>();
         m_factory.emplace(sim::SimChannelFactory(m_bus, m_line));
         CDriveSerial& link = m_app.frame->LinkSession().EnsureLink();
@@ -184,6 +189,7 @@ protected:
     }
     CTransferUi& Transfer() { return *TransferUiOf(*m_app.frame); }
 
+    int m_nReplyDelayMs = 0;
     ScriptedPrompt m_prompt;
     AppSession m_app;
     std::shared_ptr<sim::SimBus> m_bus;
@@ -204,6 +210,11 @@ TEST_F(FrameTransferTest, ReadAndWriteThroughTheMenuCommands) {
     m_prompt.Station(1);
     frame.OnCommand(CmdId::Write);
     EXPECT_EQ(m_prompt.Messages().last(), "Write successful!");
+
+    // A station that doesn't answer: the reader tells it from the worker, through the prompt.
+    m_prompt.Station(2).Answer(Answer::No);
+    frame.OnCommand(CmdId::Read);
+    EXPECT_EQ(m_prompt.Messages().last(), "TimeOut!");
 }
 
 TEST_F(FrameTransferTest, AutoRefreshRunsOnTheTimerRefusesNewAndCloseAndStopsAtDisconnect) {
@@ -229,6 +240,36 @@ TEST_F(FrameTransferTest, AutoRefreshRunsOnTheTimerRefusesNewAndCloseAndStopsAtD
     EXPECT_FALSE(Transfer().AutoRefresh().CycleRunning());
     frame.UpdateCommandUI();
     EXPECT_FALSE(frame.Action(CmdId::AutoRefresh)->isChecked());
+}
+
+// A drive that answers slowly: the link work runs off the interface thread, so a timer there
+// keeps its beat, the progress window shows every group as it comes, and the program can't be
+// closed meanwhile.
+class SlowDriveTest : public FrameTransferTest {
+protected:
+    SlowDriveTest() { m_nReplyDelayMs = 60; }
+};
+
+TEST_F(SlowDriveTest, ReadKeepsTheWindowsAliveAndShowsItsProgress) {
+    CProgressDlg& progress = *Transfer().ProgressWindow();
+    std::set<int> positions;
+    std::set<QString> labels;
+    bool closed = false;
+    m_prompt.Station(1);
+    UiBeat beat([&] {
+        if (!progress.isVisible()) return;
+        positions.insert(progress.Bar()->value());
+        labels.insert(progress.Label()->text());
+        closed = closed || m_app.frame->close();
+        if (positions.size() == 6 && labels.size() == 6)
+            SaveScreenshot(progress, "progress-read.png");
+    });
+    m_app.frame->OnCommand(CmdId::Read);
+    EXPECT_LT(beat.LongestGapMs(), 150);
+    EXPECT_EQ(m_prompt.Messages(), QStringList{"Read sucessful !"});
+    EXPECT_GE(positions.size(), 8u);
+    EXPECT_GE(labels.size(), 8u);
+    EXPECT_FALSE(closed);
 }
 
 }  // namespace
