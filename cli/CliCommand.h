@@ -34,6 +34,8 @@ std::optional<QString> OptionValue(const QStringList& args, const QString& name,
 
 int RunCatalogue(const QStringList& args, QTextStream& out);
 int RunDump(const QStringList& args, QTextStream& out);
+int RunExport(const QStringList& args, QTextStream& out);
+int RunImport(const QStringList& args, QTextStream& out);
 int RunIdentify(const QStringList& args, QTextStream& out);
 int RunRead(const QStringList& args, QTextStream& out);
 int RunWrite(const QStringList& args, QTextStream& out);

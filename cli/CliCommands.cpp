@@ -6,7 +6,7 @@
 namespace quillon::cli {
 
 std::span<const CliCommand> Commands() {
-    static const std::array<CliCommand, 5> kCommands{{
+    static const std::array<CliCommand, 7> kCommands{{
         {"catalogue", "--model CODE [--freq 0|1]",
          "print the rows of a new project for a model: group, row, exists, code, default, set value",
          &RunCatalogue},
@@ -14,6 +14,13 @@ std::span<const CliCommand> Commands() {
          "print a project file: version, model, freq, print titles, graph channels, then its rows "
          "as catalogue prints them",
          &RunDump},
+        {"export", "FILE.qpj -o OUT.csv|OUT.xlsx",
+         "export a project's parameters as the Export command does (format from OUT's extension)",
+         &RunExport},
+        {"import", "IN.csv|IN.xlsx|IN.xls [--into BASE.qpj] [--by-code] -o OUT.qpj",
+         "import parameters as the Import command does into BASE (a workbook without BASE: a new "
+         "project of the model it names); --by-code matches lines to rows by code",
+         &RunImport},
         {"identify",
          "[--port COMn | --tcp HOST[:PORT]] [--station N] [--baud B] [--data 7|8] "
          "[--parity none|odd|even] [--stop 1|2]",

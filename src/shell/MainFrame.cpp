@@ -4,6 +4,7 @@
 #include "base/Prompt.h"
 #include "base/StatusPanes.h"
 #include "base/TextTable.h"
+#include "exchange/ExchangeUi.h"
 #include "link/ConnectDlg.h"
 #include "params/ModelSelectDlg.h"
 #include "params/ProjectFile.h"
@@ -78,6 +79,7 @@ CMainFrame::CMainFrame(CRecentFileList& recent, QWidget* parent)
     CreateMenus();
     InstallBuiltInHandlers();
     InstallTransferCommands(*this);
+    InstallExchangeCommands(*this);
     setAcceptDrops(true);
 
     m_uiTimer = new QTimer(this);

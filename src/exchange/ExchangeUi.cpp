@@ -1,0 +1,57 @@
+#include "exchange/ExchangeUi.h"
+
+#include "base/Prompt.h"
+#include "exchange/Bmp.h"
+#include "exchange/CsvText.h"
+#include "exchange/ExchangeTexts.h"
+#include "exchange/ExportFormatDlg.h"
+#include "shell/CommandIds.h"
+#include "shell/MainFrame.h"
+#include "shell/M330View.h"
+
+#include <QImage>
+#include <QPixmap>
+#include <QWidget>
+
+namespace quillon {
+namespace {
+
+void OnExport(CMainFrame& frame) {
+    const CM330Doc* doc = frame.Document();
+    if (!doc) return;
+    CExportFormatDlg dlg(&frame);
+    if (dlg.exec() != QDialog::Accepted) return;
+    ExportParams(*doc, dlg.Format());
+}
+
+void OnImport(CMainFrame& frame) {
+    CM330Doc* doc = frame.Document();
+    if (!doc) return;
+    if (ImportParams(*doc) == ImportResult::NotRun) return;
+    // Whichever import ran, and however far: the list shows the rows as they now are, with no
+    // row marked as changed, and the tree is drawn anew.
+    for (auto& group : doc->m_rowChanged) group.fill(0);
+    if (CM330View* view = frame.View()) view->OnRefreshList();
+    frame.RebuildTree();
+}
+
+}  // namespace
+
+void InstallExchangeCommands(CMainFrame& frame) {
+    frame.SetCommandHandler(CmdId::ExportParams, [&frame] { OnExport(frame); });
+    frame.SetCommandHandler(CmdId::ImportParams, [&frame] { OnImport(frame); });
+}
+
+bool SaveWidgetPicture(QWidget& widget) {
+    const QImage image = widget.grab().toImage().convertToFormat(QImage::Format_RGB32);
+    const QByteArray bmp = BuildBmp32(image.width(), image.height(), image.constBits(), image.bytesPerLine());
+    const QString path = Prompt().SaveFileName(QStringLiteral("Save"),
+                                               QString::fromUtf8(ExchangeText::PictureFilter),
+                                               QStringLiteral("bin"), QString());
+    if (path.isEmpty()) return false;
+    if (WriteWholeFile(path, bmp)) return true;
+    Prompt().Message(QString::fromUtf8(ExchangeText::FileNotExist));
+    return false;
+}
+
+}  // namespace quillon
