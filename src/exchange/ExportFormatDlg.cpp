@@ -23,9 +23,9 @@ CExportFormatDlg::CExportFormatDlg(QWidget* parent)
     auto* layout = new QHBoxLayout(this);
     layout->addLayout(choices);
     layout->addWidget(ok, 0, Qt::AlignTop);
-    // 133 by 55 dialog units in the system font.
+    // 133 by 55 dialog units in the system font, or what the texts need where that font is wider.
     const QFontMetrics fm(font());
-    setFixedSize(fm.averageCharWidth() * 133 / 4, fm.height() * 55 / 8);
+    setFixedSize(QSize(fm.averageCharWidth() * 133 / 4, fm.height() * 55 / 8).expandedTo(sizeHint()));
 }
 
 ExportFormat CExportFormatDlg::Format() const {
