@@ -40,6 +40,14 @@ struct ExchangeFixture {
     QTemporaryDir dir;
 };
 
+// How many rows of group g the row-exists table has; all groups' for g = -1.
+inline int ExistingRows(const CM330Doc& doc, int g = -1) {
+    int count = 0;
+    for (int i = 0; i < kGroupCount; ++i)
+        for (int e : doc.m_rowExists[i]) count += (g < 0 || g == i) ? e : 0;
+    return count;
+}
+
 // The set values of groups first..last (all groups by default), group by group.
 inline QStringList SetValues(const CM330Doc& doc, int first = 0, int last = kGroupCount - 1) {
     QStringList values;

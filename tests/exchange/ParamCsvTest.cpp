@@ -26,10 +26,7 @@ TEST(ParamCsv, ExportWritesHeadingAndExistingRowsWithCrLfBetweenLines) {
     EXPECT_FALSE(bytes.endsWith('\r'));
     EXPECT_EQ(bytes.count("\r\n"), bytes.count('\n'));
     EXPECT_TRUE(bytes.contains("\r\n00-03 Alternative run command source,00001\r\n"));
-    int existing = 0;
-    for (const auto& g : doc->m_rowExists)
-        for (int e : g) existing += e;
-    EXPECT_EQ(bytes.count("\r\n") + 1, 3 + existing);
+    EXPECT_EQ(bytes.count("\r\n") + 1, 3 + test::ExistingRows(*doc));
     // The gap rows 02-07..02-14 take no line: 02-06 is followed by 02-15.
     const qsizetype at = bytes.indexOf("\r\n02-06");
     ASSERT_GE(at, 0);

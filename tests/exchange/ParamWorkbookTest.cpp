@@ -62,9 +62,7 @@ TEST(ParamWorkbook, SheetsNamesAndStringCellsRoundTrip) {
         EXPECT_EQ(book->sheets[g].name, name);
         const DefinedName* range = book->FindName(name);
         ASSERT_TRUE(range) << g;
-        int existing = 0;
-        for (int e : doc->m_rowExists[g]) existing += e;
-        EXPECT_EQ(range->lastRow, existing + 1) << g;
+        EXPECT_EQ(range->lastRow, test::ExistingRows(*doc, g) + 1) << g;
         EXPECT_EQ(range->lastColumn, 2);
         EXPECT_EQ(book->sheets[g].rows[0],
                   (std::vector<QString>{"Parameter_Descriptions", "Factory_Setting", "Current_Value"}));
@@ -112,9 +110,7 @@ wb.save(sys.argv[2])
     const QStringList out = QString::fromUtf8(py.readAllStandardOutput()).split('\n');
     ASSERT_EQ(py.exitCode(), 0) << py.readAllStandardError().toStdString();
     EXPECT_EQ(out[0], "Group0,Group1,Group2 15");
-    int existing = 0;
-    for (int e : doc->m_rowExists[2]) existing += e;
-    EXPECT_EQ(out[1], "'Group2'!$A$1:$C$" + QString::number(existing + 2));
+    EXPECT_EQ(out[1], "'Group2'!$A$1:$C$" + QString::number(test::ExistingRows(*doc, 2) + 2));
     EXPECT_EQ(out[2], "['s'] 00001 " + doc->RowAt(0, 11).m_strDefault);
 
     // openpyxl's own file (shared strings, its own defined names) imports back.
