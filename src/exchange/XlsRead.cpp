@@ -1,6 +1,7 @@
 #include "exchange/XlsRead.h"
 
 #include <QFile>
+#include <algorithm>
 #include <freexl.h>
 
 namespace quillon {
@@ -8,6 +9,9 @@ namespace {
 
 constexpr unsigned kMaxColumns = 256;
 constexpr unsigned kMaxRows = 65536;  // the format's own bound
+// Cells looked at in one workbook: far beyond any file of ours, and a bound on what a forged
+// sheet size can cost.
+constexpr qint64 kMaxCells = 4 * 1024 * 1024;
 
 class CXlsHandle {
 public:
@@ -51,6 +55,7 @@ std::optional<Workbook> ReadXls(const QString& path, QString& error) {
         return std::nullopt;
     }
     Workbook book;
+    qint64 cells = 0;
     for (unsigned short s = 0; s < count && s < 4096; ++s) {
         const char* name = nullptr;
         unsigned int rows = 0;
@@ -61,13 +66,20 @@ std::optional<Workbook> ReadXls(const QString& path, QString& error) {
             error = QStringLiteral("sheet %1 of the workbook is damaged").arg(s);
             return std::nullopt;
         }
+        cells += std::min<qint64>(qint64(rows) + 1, kMaxRows) * std::min<qint64>(qint64(columns) + 1, kMaxColumns);
+        if (cells > kMaxCells) {
+            error = QStringLiteral("the workbook is too large for a parameter or graph file");
+            return std::nullopt;
+        }
         WorkSheet sheet{name ? QString::fromUtf8(name) : QString(), {}};
-        for (unsigned r = 0; r < rows && r < kMaxRows; ++r)
-            for (unsigned short c = 0; c < columns && c < kMaxColumns; ++c) {
+        // The sizes are read as counts; should a file give the last index instead, the one more
+        // row and column looked at costs nothing (freexl refuses a cell outside the sheet).
+        for (unsigned r = 0; r <= rows && r < kMaxRows; ++r)
+            for (unsigned c = 0; c <= columns && c < kMaxColumns; ++c) {
                 FreeXL_CellValue v{};
-                if (freexl_get_cell_value(xls.get(), r, c, &v) != FREEXL_OK) continue;
+                if (freexl_get_cell_value(xls.get(), r, static_cast<unsigned short>(c), &v) != FREEXL_OK) continue;
                 const QString text = CellText(v);
-                if (!text.isEmpty()) sheet.SetCell(static_cast<int>(r), c, text);
+                if (!text.isEmpty()) sheet.SetCell(static_cast<int>(r), static_cast<int>(c), text);
             }
         book.sheets.push_back(std::move(sheet));
     }

@@ -61,7 +61,7 @@ CZipReader::~CZipReader() {
     if (m_zip) unzClose(m_zip);
 }
 
-std::optional<QByteArray> CZipReader::Read(const QString& name, qint64 maxBytes) {
+std::optional<QByteArray> CZipReader::Read(const QString& name) {
     if (!m_zip) return std::nullopt;
     // Part names are compared without case, as packages are.
     if (unzLocateFile(m_zip, name.toUtf8().constData(), 2) != UNZ_OK) return std::nullopt;
@@ -71,10 +71,14 @@ std::optional<QByteArray> CZipReader::Read(const QString& name, qint64 maxBytes)
     int n = 0;
     while ((n = unzReadCurrentFile(m_zip, piece, sizeof piece)) > 0) {
         bytes.append(piece, n);
-        if (bytes.size() > maxBytes) break;
+        if (bytes.size() > m_budget) break;
     }
     const int closed = unzCloseCurrentFile(m_zip);  // checks the CRC of a member read whole
-    if (n < 0 || bytes.size() > maxBytes || closed != UNZ_OK) return std::nullopt;
+    if (n < 0 || bytes.size() > m_budget || closed != UNZ_OK) {
+        m_budget = 0;  // a damaged package is not read further
+        return std::nullopt;
+    }
+    m_budget -= bytes.size();
     return bytes;
 }
 

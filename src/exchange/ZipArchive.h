@@ -17,9 +17,10 @@ public:
     CZipReader& operator=(const CZipReader&) = delete;
 
     bool IsOpen() const { return m_zip != nullptr; }
-    // The bytes of the member `name`; nullopt when there is none, it is damaged or larger than
-    // `maxBytes` uncompressed.
-    std::optional<QByteArray> Read(const QString& name, qint64 maxBytes = 64 * 1024 * 1024);
+    // The bytes of the member `name`; nullopt when there is none, it is damaged, or it would take
+    // the bytes unpacked by this reader past 256 MB (a package that unpacks to more is no
+    // workbook of ours, whatever its members claim).
+    std::optional<QByteArray> Read(const QString& name);
 
     struct Memory {
         QByteArrayView data;
@@ -29,6 +30,7 @@ public:
 private:
     Memory m_memory;
     void* m_zip = nullptr;
+    qint64 m_budget = 256 * 1024 * 1024;
 };
 
 }  // namespace quillon
