@@ -16,13 +16,21 @@ namespace {
 
 QString Suffix(const QString& path) { return QFileInfo(path).suffix().toUpper(); }
 
+}  // namespace
+
 void SayOpenFail(const QString& why) {
     QString text = QString::fromUtf8(ExchangeText::OpenFail);
     if (!why.isEmpty()) text += u'\n' + why;
     Prompt().Message(text);
 }
 
-}  // namespace
+QString AskExportPath(ExportFormat format) {
+    // Workbooks are proposed as .xlsx, which every current spreadsheet program opens.
+    const QString pattern = format == ExportFormat::Csv ? QStringLiteral("*.csv") : QStringLiteral("*.xlsx");
+    return Prompt().SaveFileName(QStringLiteral("Export"),
+                                 QString::fromUtf8(ExchangeText::ExportFilter).arg(pattern),
+                                 pattern.mid(2), QString());
+}
 
 std::optional<ExportFormat> FormatOfPath(const QString& path) {
     const QString suffix = Suffix(path);
@@ -50,32 +58,36 @@ std::optional<Workbook> ReadWorkbookFile(const QString& path, QString& error) {
 }
 
 void ExportParams(const CM330Doc& doc, ExportFormat format) {
-    // Workbooks are proposed as .xlsx, which every current spreadsheet program opens.
-    const QString pattern = format == ExportFormat::Csv ? QStringLiteral("*.csv") : QStringLiteral("*.xlsx");
-    const QString path = Prompt().SaveFileName(QStringLiteral("Export"),
-                                               QString::fromUtf8(ExchangeText::ExportFilter).arg(pattern),
-                                               pattern.mid(2), QString());
+    const QString path = AskExportPath(format);
     if (path.isEmpty()) return;
     QString error;
     if (!WriteParamFile(doc, format, path, QDateTime::currentDateTime(), error)) return SayOpenFail(error);
     Prompt().Message(QString::fromUtf8(ExchangeText::ExportSuccess), MessageKind::Information);
 }
 
-ImportResult ImportParamFile(CM330Doc& doc, const QString& path, ImportMatch match) {
+ImportResult ImportByExtension(const QString& path,
+                               const std::function<bool(const std::vector<QString>&)>& fromCsv,
+                               const std::function<bool(const Workbook&)>& fromWorkbook) {
     const auto format = FormatOfPath(path);
     if (!format) return ImportResult::NotRun;
     bool ok = false;
     if (*format == ExportFormat::Csv) {
         const auto bytes = ReadSmallFile(path);
         if (!bytes) return SayOpenFail(QString()), ImportResult::Failed;
-        ok = ImportParamCsv(doc, SplitCsvLines(*bytes), match);
+        ok = fromCsv(SplitCsvLines(*bytes));
     } else {
         QString error;
         const auto book = ReadWorkbookFile(path, error);
         if (!book) return SayOpenFail(error), ImportResult::Failed;
-        ok = ImportParamWorkbook(doc, *book, match);
+        ok = fromWorkbook(*book);
     }
     return ok ? ImportResult::Done : ImportResult::Failed;
+}
+
+ImportResult ImportParamFile(CM330Doc& doc, const QString& path, ImportMatch match) {
+    return ImportByExtension(
+        path, [&](const std::vector<QString>& lines) { return ImportParamCsv(doc, lines, match); },
+        [&](const Workbook& book) { return ImportParamWorkbook(doc, book, match); });
 }
 
 ImportResult ImportParams(CM330Doc& doc) {

@@ -9,7 +9,9 @@
 
 #include <QDateTime>
 #include <QString>
+#include <functional>
 #include <optional>
+#include <vector>
 
 namespace quillon {
 
@@ -25,15 +27,29 @@ bool WriteParamFile(const CM330Doc& doc, ExportFormat format, const QString& pat
 // A workbook file, .xlsx or .xls by its extension; nullopt with the reason when it can't be read.
 std::optional<Workbook> ReadWorkbookFile(const QString& path, QString& error);
 
+// The export's file dialog for `format` (the filter "Export File(*.csv)" or "Export File(*.xlsx)");
+// empty on "Cancel".
+QString AskExportPath(ExportFormat format);
+// "Opening the file is fail.", with the reason below it when there is one.
+void SayOpenFail(const QString& why);
+
 // The Export command: asks for the file ("Cancel" ends in silence), writes it, and says
 // "Export success." or "Opening the file is fail.".
 void ExportParams(const CM330Doc& doc, ExportFormat format);
+
 
 enum class ImportResult {
     NotRun,  // no file chosen, or an extension that selects no import
     Failed,  // the file could not be read or a line was bad (already said)
     Done,
 };
+
+// Reads `path` as its extension says and hands the lines of a CSV file (SplitCsvLines) or the
+// workbook to the import that returns whether it succeeded. A file that can't be read says
+// "Opening the file is fail." and gives Failed; an extension of neither kind gives NotRun.
+ImportResult ImportByExtension(const QString& path,
+                               const std::function<bool(const std::vector<QString>&)>& fromCsv,
+                               const std::function<bool(const Workbook&)>& fromWorkbook);
 
 // The Import of one file by its extension (the desktop's rules; ImportMatch::ByCode for the
 // command-line option). A workbook applies to the document as it is; a CSV file resets it to its

@@ -6,6 +6,7 @@ target_sources(quillon_core PRIVATE
   ${CMAKE_CURRENT_LIST_DIR}/CodeIndex.cpp
   ${CMAKE_CURRENT_LIST_DIR}/CsvText.cpp
   ${CMAKE_CURRENT_LIST_DIR}/GraphData.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/GraphExchange.cpp
   ${CMAKE_CURRENT_LIST_DIR}/ParamCsv.cpp
   ${CMAKE_CURRENT_LIST_DIR}/ParamExchange.cpp
   ${CMAKE_CURRENT_LIST_DIR}/ParamWorkbook.cpp

@@ -3,8 +3,7 @@
 #include "exchange/Bmp.h"
 #include "exchange/CsvText.h"
 #include "exchange/GraphData.h"
-#include "exchange/XlsxRead.h"
-#include "exchange/XlsxWrite.h"
+#include "exchange/GraphExchange.h"
 #include "support/ScriptedPrompt.h"
 
 #include <QFile>
@@ -77,11 +76,10 @@ TEST(GraphData, WorkbookRoundTripWithAndWithoutTheDefinedName) {
     test::ScriptedPrompt prompt;
     QTemporaryDir dir;
     const GraphData data = Sample();
+    prompt.FileName(dir.filePath("g.xlsx"));
+    ExportGraph(data, ExportFormat::Excel);
     QString error;
-    ASSERT_TRUE(WriteXlsx(BuildGraphWorkbook(data), dir.filePath("g.xlsx"), error)) << error.toStdString();
-    QFile file(dir.filePath("g.xlsx"));
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    auto book = ReadXlsx(file.readAll(), error);
+    auto book = ReadWorkbookFile(dir.filePath("g.xlsx"), error);
     ASSERT_TRUE(book) << error.toStdString();
     ASSERT_EQ(book->sheets.size(), 1u);
     const DefinedName* name = book->FindName("GraphData");
@@ -94,13 +92,13 @@ TEST(GraphData, WorkbookRoundTripWithAndWithoutTheDefinedName) {
     EXPECT_EQ(sheet.Cell(1, 5), "Time");
     EXPECT_EQ(sheet.Cell(4, 1), "12.50");
     GraphData back;
-    EXPECT_TRUE(ImportGraphWorkbook(*book, back));
+    EXPECT_EQ(ImportGraphFile(dir.filePath("g.xlsx"), back), ImportResult::Done);
     ExpectSameSamples(data, back);
     // A legacy workbook has no names: the sheet and the "Index" row are found by content.
     book->names.clear();
     EXPECT_TRUE(ImportGraphWorkbook(*book, back));
     ExpectSameSamples(data, back);
-    EXPECT_EQ(prompt.Messages(), (QStringList{"Import success.", "Import success."}));
+    EXPECT_EQ(prompt.Messages(), (QStringList{"Export success.", "Import success.", "Import success."}));
 }
 
 TEST(GraphData, BmpHeadAndRowsBottomUp) {
