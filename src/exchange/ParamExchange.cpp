@@ -48,12 +48,14 @@ bool WriteParamFile(const CM330Doc& doc, ExportFormat format, const QString& pat
 }
 
 std::optional<Workbook> ReadWorkbookFile(const QString& path, QString& error) {
-    if (Suffix(path) == u"XLS") return ReadXls(path, error);
     const auto bytes = ReadSmallFile(path);
     if (!bytes) {
         error = QStringLiteral("can't read '%1'").arg(path);
         return std::nullopt;
     }
+    // By content: a zip package is an .xlsx whatever its name says (a workbook saved as "x.xls"
+    // by a program that writes only the new format), anything else goes to the legacy reader.
+    if (!bytes->startsWith("PK\x03\x04")) return ReadXls(path, error);
     return ReadXlsx(*bytes, error);
 }
 

@@ -24,7 +24,8 @@ std::optional<ExportFormat> FormatOfPath(const QString& path);
 bool WriteParamFile(const CM330Doc& doc, ExportFormat format, const QString& path,
                     const QDateTime& now, QString& error);
 
-// A workbook file, .xlsx or .xls by its extension; nullopt with the reason when it can't be read.
+// A workbook file, .xlsx or legacy .xls told apart by content; nullopt with the reason when it
+// can't be read.
 std::optional<Workbook> ReadWorkbookFile(const QString& path, QString& error);
 
 // The export's file dialog for `format` (the filter "Export File(*.csv)" or "Export File(*.xlsx)");

@@ -73,6 +73,8 @@ TEST(ParamWorkbook, SheetsNamesAndStringCellsRoundTrip) {
     EXPECT_EQ(g2.Cell(9, 2), "0000");
     EXPECT_EQ(book->sheets[0].Cell(5, 2), "00001");
     EXPECT_EQ(WorkbookModelName(*book), "R770-402-Kxx");
+    ASSERT_TRUE(QFile::copy(f.File("p.xlsx"), f.File("p.xls")));  // a new-format file named .xls
+    EXPECT_TRUE(ReadWorkbookFile(f.File("p.xls"), error)) << error.toStdString();
 
     // By position a record's row is the number at position 3 of its code: "F01 ..." has none
     // there, so every record of the simplified group lands on its row 0, the last one winning.
