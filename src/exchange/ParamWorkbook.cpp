@@ -5,6 +5,8 @@
 #include "exchange/CodeIndex.h"
 #include "exchange/ExchangeTexts.h"
 
+#include <algorithm>
+
 namespace quillon {
 namespace {
 
@@ -66,11 +68,12 @@ bool FindSheetTable(const Workbook& book, const QString& name, const QStringList
     if (!table.sheet) return false;
     const auto& rows = table.sheet->rows;
     table.headerRow = -1;
+    // Rows below the sheet's last filled row hold nothing, whatever the range says.
+    table.lastRow = static_cast<int>(rows.size()) - 1;
     if (range) {
         table.headerRow = range->firstRow;
-        table.lastRow = range->lastRow;
+        table.lastRow = std::min(table.lastRow, range->lastRow);
     } else {
-        table.lastRow = static_cast<int>(rows.size()) - 1;
         for (int r = 0; r < static_cast<int>(rows.size()) && table.headerRow < 0; ++r)
             for (const QString& cell : rows[static_cast<size_t>(r)])
                 if (cell.trimmed().compare(headers.front(), Qt::CaseInsensitive) == 0) table.headerRow = r;

@@ -32,7 +32,7 @@ bool ImportParamWorkbook(CM330Doc& doc, const Workbook& book,
 struct SheetTable {
     const WorkSheet* sheet = nullptr;
     int headerRow = 0;
-    int lastRow = 0;  // of the range; the sheet's last row without a defined name
+    int lastRow = 0;  // the last row of the range that holds a cell
     std::vector<int> columns;
 };
 bool FindSheetTable(const Workbook& book, const QString& name, const QStringList& headers,
