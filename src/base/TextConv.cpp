@@ -50,9 +50,6 @@ QString FormatFixed(double value, int decimals) {
     return QString::asprintf("%.*f", decimals, value);
 }
 
-namespace {
-
-// glibc's iconv, for a Qt built without ICU where QStringDecoder knows no GB18030.
 QString DecodeGb18030WithIconv(QByteArrayView bytes) {
     const iconv_t cd = iconv_open("UTF-16LE", "GB18030");
     if (cd == reinterpret_cast<iconv_t>(-1)) return QString::fromLatin1(bytes);
@@ -77,8 +74,6 @@ QString DecodeGb18030WithIconv(QByteArrayView bytes) {
     const qsizetype units = (out.size() - static_cast<qsizetype>(outLeft)) / 2;
     return QString(reinterpret_cast<const QChar*>(out.constData()), units);
 }
-
-}  // namespace
 
 QString DecodeLegacyText(QByteArrayView bytes) {
     if (bytes.startsWith("\xEF\xBB\xBF")) bytes = bytes.sliced(3);

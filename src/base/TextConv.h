@@ -22,5 +22,8 @@ QString FormatFixed(double value, int decimals);  // "%.Nf"
 // bytes that are valid UTF-8 are read as UTF-8, anything else as GB18030 (the Chinese code page
 // those tools wrote), so Chinese names arrive intact instead of as replacement characters.
 QString DecodeLegacyText(QByteArrayView bytes);
+// The GB18030 decoding through glibc's iconv, which DecodeLegacyText falls back on where Qt is
+// built without a GB18030 codec. A byte that starts no character becomes U+FFFD.
+QString DecodeGb18030WithIconv(QByteArrayView bytes);
 
 }  // namespace quillon

@@ -24,15 +24,27 @@ void OnExport(CMainFrame& frame) {
     ExportParams(*doc, dlg.Format());
 }
 
+// Whichever import ran, and however far: the list shows the rows as they now are, with no row
+// marked as changed, and the tree is drawn anew.
+void RefreshAfterImport(CMainFrame& frame, CM330Doc& doc) {
+    for (auto& group : doc.m_rowChanged) group.fill(0);
+    if (CM330View* view = frame.View()) view->OnRefreshList();
+    frame.RebuildTree();
+}
+
 void OnImport(CMainFrame& frame) {
     CM330Doc* doc = frame.Document();
     if (!doc) return;
-    if (ImportParams(*doc) == ImportResult::NotRun) return;
-    // Whichever import ran, and however far: the list shows the rows as they now are, with no
-    // row marked as changed, and the tree is drawn anew.
-    for (auto& group : doc->m_rowChanged) group.fill(0);
-    if (CM330View* view = frame.View()) view->OnRefreshList();
-    frame.RebuildTree();
+    ImportResult result = ImportResult::Failed;
+    try {
+        result = ImportParams(*doc);
+    } catch (...) {
+        // A file longer than the model's groups ends in the range failure, which the frame
+        // shows; the rows it changed on the way are shown too.
+        RefreshAfterImport(frame, *doc);
+        throw;
+    }
+    if (result != ImportResult::NotRun) RefreshAfterImport(frame, *doc);
 }
 
 }  // namespace

@@ -95,6 +95,7 @@ TEST(ParamCsv, FilesOfOlderToolsAreReadAsGb18030AndABomIsDropped) {
     const QByteArray gb = "\xEF\xBB\xBFModel:R770-402-Kxx\r\na\r\nb\r\n00-00 x,\xBF\xD8\xD6\xC6";
     EXPECT_EQ(DecodeLegacyText(QByteArray("\xBF\xD8\xD6\xC6\xA2\xE3")), QString::fromUtf8("控制€"));
     EXPECT_EQ(DecodeLegacyText(QByteArray("\xEF\xBB\xBF控制")), QString::fromUtf8("控制"));
+    EXPECT_EQ(DecodeGb18030WithIconv(QByteArray("\xBF\xD8\xFF\xA2\xE3")), QString::fromUtf8("控\uFFFD€"));
     EXPECT_TRUE(ImportParamCsv(*doc, SplitCsvLines(gb)));
     EXPECT_EQ(f.session.m_strModelName, "R770-402-Kxx");
     EXPECT_EQ(doc->RowAt(0, 0).m_strSetValue, QString::fromUtf8("控制"));
