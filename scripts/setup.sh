@@ -13,6 +13,7 @@ PACKAGES=(
   # tests and independent protocol peers
   libgtest-dev libgmock-dev libmodbus-dev python3 python3-pymodbus python3-serial python3-serial-asyncio
   socat python3-openpyxl
+  python3-xlwt  # legacy .xls workbooks written by another program, for the .xls import
   # a real window without a display
   xvfb xauth
 )

@@ -35,13 +35,22 @@ QByteArray Package(const std::vector<std::pair<const char*, QByteArray>>& member
     return ReadAll(path);
 }
 
-// A python that has openpyxl, or empty.
-QString PythonWithOpenpyxl() {
+// A python that has `module`, or empty.
+QString PythonWith(const QString& module) {
     for (const QString& python : {QStringLiteral("/usr/bin/python3"), QStringLiteral("python3")}) {
         if (QStandardPaths::findExecutable(python).isEmpty() && !QFile::exists(python)) continue;
-        if (QProcess::execute(python, {"-c", "import openpyxl"}) == 0) return python;
+        if (QProcess::execute(python, {"-c", "import " + module}) == 0) return python;
     }
     return {};
+}
+
+// Runs a python script with arguments; its standard output, or a failure of the test.
+QStringList RunPython(const QString& python, const char* script, const QStringList& args) {
+    QProcess py;
+    py.start(python, QStringList{"-c", script} + args);
+    EXPECT_TRUE(py.waitForFinished(60000));
+    EXPECT_EQ(py.exitCode(), 0) << py.readAllStandardError().toStdString();
+    return QString::fromUtf8(py.readAllStandardOutput()).split('\n');
 }
 
 }  // namespace
@@ -89,7 +98,7 @@ TEST(ParamWorkbook, SheetsNamesAndStringCellsRoundTrip) {
 }
 
 TEST(ParamWorkbook, OpenpyxlReadsStringsAndWhatItWritesImports) {
-    const QString python = PythonWithOpenpyxl();
+    const QString python = PythonWith("openpyxl");
     if (python.isEmpty()) GTEST_SKIP() << "python3-openpyxl is not installed";
     ExchangeFixture f;
     auto doc = f.NewDoc();
@@ -106,11 +115,8 @@ print(sorted({c.data_type for row in ws.iter_rows(min_row=3) for c in row}), ws[
 ws["C6"] = "7"
 wb.save(sys.argv[2])
 )";
-    QProcess py;
-    py.start(python, {"-c", script, f.File("p.xlsx"), f.File("o.xlsx")});
-    ASSERT_TRUE(py.waitForFinished(60000));
-    const QStringList out = QString::fromUtf8(py.readAllStandardOutput()).split('\n');
-    ASSERT_EQ(py.exitCode(), 0) << py.readAllStandardError().toStdString();
+    const QStringList out = RunPython(python, script, {f.File("p.xlsx"), f.File("o.xlsx")});
+    ASSERT_GE(out.size(), 3);
     EXPECT_EQ(out[0], "Group0,Group1,Group2 15");
     EXPECT_EQ(out[1], "'Group2'!$A$1:$C$" + QString::number(test::ExistingRows(*doc, 2) + 2));
     EXPECT_EQ(out[2], "['s'] 00001 " + doc->RowAt(0, 11).m_strDefault);
@@ -162,4 +168,42 @@ TEST(ParamWorkbook, ForeignWorkbookInlineRichAndNumberCellsRowFromTheCode) {
 
     EXPECT_FALSE(ReadXlsx(QByteArray("PK\3\4 not a zip"), error));
     EXPECT_FALSE(ReadWorkbookFile(f.File("foreign.xls"), error));  // no such legacy file
+}
+
+TEST(ParamWorkbook, LegacyXlsWrittenByAnotherProgramImportsByNameAndHeader) {
+    const QString python = PythonWith("xlwt");
+    if (python.isEmpty()) GTEST_SKIP() << "python3-xlwt is not installed";
+    ExchangeFixture f;
+    auto doc = f.NewDoc();
+    doc->RowAt(0, 3).m_strSetValue = "00001";
+    doc->RowAt(13, 1).m_strSetValue = "7";
+    const QString csv = f.File("p.csv");
+    QString error;
+    ASSERT_TRUE(WriteParamFile(*doc, ExportFormat::Csv, csv, {}, error));
+    // The sheets in reverse order, a title row above the header, numbers where the text is one.
+    const char* script = R"(
+import sys, xlwt
+lines = open(sys.argv[1], encoding="utf-8", newline="").read().split("\r\n")[3:]
+book = xlwt.Workbook(encoding="utf-8")
+for g in reversed(range(15)):
+    ws = book.add_sheet("Group%d" % g)
+    ws.write(0, 0, "exported elsewhere")
+    for c, h in enumerate(["Parameter_Descriptions", "Factory_Setting", "Current_Value"]):
+        ws.write(1, c, h)
+    rows = [l.rsplit(",", 1) for l in lines if l.startswith("%02d-" % g)]
+    for i, (code, value) in enumerate(rows):
+        ws.write(i + 3, 0, code)
+        ws.write(i + 3, 1, "")
+        ws.write(i + 3, 2, float(value) if value == "7" else value)
+book.save(sys.argv[2])
+)";
+    RunPython(python, script, {csv, f.File("legacy.xls")});
+    const auto book = ReadWorkbookFile(f.File("legacy.xls"), error);
+    ASSERT_TRUE(book) << error.toStdString();
+    EXPECT_EQ(book->sheets.front().name, "Group14");
+    EXPECT_TRUE(book->names.empty());
+    auto back = f.NewDoc();
+    EXPECT_TRUE(ImportParamWorkbook(*back, *book));
+    EXPECT_EQ(test::SetValues(*back, 0, 13), test::SetValues(*doc, 0, 13));
+    EXPECT_EQ(back->RowAt(0, 3).m_strDefault, "");
 }
