@@ -168,6 +168,12 @@ TEST(ParamWorkbook, ForeignWorkbookInlineRichAndNumberCellsRowFromTheCode) {
 
     EXPECT_FALSE(ReadXlsx(QByteArray("PK\3\4 not a zip"), error));
     EXPECT_FALSE(ReadWorkbookFile(f.File("foreign.xls"), error));  // no such legacy file
+    QFile damaged(f.File("damaged.xls"));
+    ASSERT_TRUE(damaged.open(QIODevice::WriteOnly));
+    damaged.write(QByteArray("\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1").leftJustified(4096, '\x7F'));
+    damaged.close();
+    EXPECT_FALSE(ReadWorkbookFile(f.File("damaged.xls"), error));
+    EXPECT_EQ(error, "the file is not a legacy workbook or is damaged");
 }
 
 TEST(ParamWorkbook, LegacyXlsWrittenByAnotherProgramImportsByNameAndHeader) {
