@@ -38,6 +38,8 @@ int RunCompare(const QStringList& args, QTextStream& out);
 int RunPrint(const QStringList& args, QTextStream& out);
 int RunCatalogue(const QStringList& args, QTextStream& out);
 int RunDump(const QStringList& args, QTextStream& out);
+int RunExport(const QStringList& args, QTextStream& out);
+int RunImport(const QStringList& args, QTextStream& out);
 int RunIdentify(const QStringList& args, QTextStream& out);
 int RunRead(const QStringList& args, QTextStream& out);
 int RunWrite(const QStringList& args, QTextStream& out);

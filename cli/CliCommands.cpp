@@ -13,6 +13,13 @@ std::span<const CliCommand> Commands() {
          "print a project file: version, model, freq, print titles, graph channels, then its rows "
          "as catalogue prints them",
          &RunDump},
+        {"export", "FILE.qpj -o OUT.csv|OUT.xlsx",
+         "export a project's parameters as the Export command does (format from OUT's extension)",
+         &RunExport},
+        {"import", "IN.csv|IN.xlsx|IN.xls [--into BASE.qpj] [--by-code] -o OUT.qpj",
+         "import parameters as the Import command does into BASE (a workbook without BASE: a new "
+         "project of the model it names); --by-code matches lines to rows by code",
+         &RunImport},
         {"identify",
          "[--port COMn | --tcp HOST[:PORT]] [--station N] [--baud B] [--data 7|8] "
          "[--parity none|odd|even] [--stop 1|2]",

@@ -1,7 +1,7 @@
 // Station list as typed in the connection dialog. Any text gives a list or a refusal with one
 // message, never a crash. An accepted list holds stations 0 to 32 once each, and the text the
 // status bar makes of it reads back as the same list.
-#include "base/Prompt.h"
+#include "CountingPrompt.h"
 #include "link/StationList.h"
 
 #include <algorithm>
@@ -17,22 +17,7 @@ using namespace quillon;
     std::abort();
 }
 
-// Counts the messages instead of showing them.
-class CountingPrompt final : public IPrompt {
-public:
-    void Message(const QString&, MessageKind) override { ++messages; }
-    Answer YesNoCancel(const QString&) override { return Answer::Cancel; }
-    Answer YesNo(const QString&) override { return Answer::No; }
-    Answer OkCancel(const QString&) override { return Answer::Cancel; }
-    QString OpenFileName(const QString&, const QString&, const QString&) override { return {}; }
-    QString SaveFileName(const QString&, const QString&, const QString&, const QString&) override {
-        return {};
-    }
-    std::optional<int> ChooseStation(const QString&, const std::vector<int>&) override {
-        return std::nullopt;
-    }
-    int messages = 0;
-};
+using fuzz::CountingPrompt;
 
 }  // namespace
 

@@ -14,6 +14,7 @@ PACKAGES=(
   libgtest-dev libgmock-dev libmodbus-dev python3 python3-pymodbus python3-serial python3-serial-asyncio
   socat python3-openpyxl
   poppler-utils
+  python3-xlwt  # legacy .xls workbooks written by another program, for the .xls import
   # a real window without a display
   xvfb xauth
 )

@@ -1,5 +1,6 @@
 #include "AppFeatures.h"
 
+#include "exchange/ExchangeUi.h"
 #include "exchange/PrintUi.h"
 #include "monitor/MonitorUi.h"
 #include "shell/FrameFeatures.h"
@@ -11,6 +12,7 @@ void RegisterAppFeatures(CFrameFeatures& features) {
     RegisterTransferCommands(features);
     features.Add([](CMainFrame& frame) { InstallPrintAndCompareCommands(frame); });
     features.Add([](CMainFrame& frame) { InstallMonitorCommands(frame); });
+    features.Add([](CMainFrame& frame) { InstallExchangeCommands(frame); });
 }
 
 }  // namespace quillon

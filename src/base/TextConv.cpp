@@ -1,5 +1,10 @@
 #include "base/TextConv.h"
 
+#include <QStringDecoder>
+
+#include <iconv.h>
+
+#include <cerrno>
 #include <charconv>
 #include <climits>
 #include <cstdlib>
@@ -43,6 +48,41 @@ unsigned long Strtoul(QStringView text, int base) {
 
 QString FormatFixed(double value, int decimals) {
     return QString::asprintf("%.*f", decimals, value);
+}
+
+QString DecodeGb18030WithIconv(QByteArrayView bytes) {
+    const iconv_t cd = iconv_open("UTF-16LE", "GB18030");
+    if (cd == reinterpret_cast<iconv_t>(-1)) return QString::fromLatin1(bytes);
+    // GB18030 takes one to four bytes a character, each at most two UTF-16 units.
+    QByteArray out(bytes.size() * 4 + 4, Qt::Uninitialized);
+    char* in = const_cast<char*>(bytes.data());
+    size_t inLeft = static_cast<size_t>(bytes.size());
+    char* dst = out.data();
+    size_t outLeft = static_cast<size_t>(out.size());
+    while (inLeft > 0) {
+        if (iconv(cd, &in, &inLeft, &dst, &outLeft) != static_cast<size_t>(-1)) break;
+        if (errno == E2BIG) break;  // cannot happen with the size above
+        // A byte that starts no character: a replacement character, and on with the next byte.
+        if (outLeft < 2) break;
+        *dst++ = char(0xFD);
+        *dst++ = char(0xFF);
+        outLeft -= 2;
+        ++in;
+        --inLeft;
+    }
+    iconv_close(cd);
+    const qsizetype units = (out.size() - static_cast<qsizetype>(outLeft)) / 2;
+    return QString(reinterpret_cast<const QChar*>(out.constData()), units);
+}
+
+QString DecodeLegacyText(QByteArrayView bytes) {
+    if (bytes.startsWith("\xEF\xBB\xBF")) bytes = bytes.sliced(3);
+    QStringDecoder utf8(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+    QString text = utf8.decode(bytes);
+    if (!utf8.hasError()) return text;
+    QStringDecoder gb("GB18030", QStringDecoder::Flag::Stateless);
+    if (gb.isValid()) return gb.decode(bytes);
+    return DecodeGb18030WithIconv(bytes);
 }
 
 }  // namespace quillon

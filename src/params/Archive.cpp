@@ -1,5 +1,7 @@
 #include "params/Archive.h"
 
+#include "base/TextConv.h"
+
 namespace quillon {
 
 void CArchiveReader::Need(qsizetype bytes, const char* what) const {
@@ -30,7 +32,8 @@ QString CArchiveReader::ReadText() {
                                .arg(at)
                                .arg(length));
     Need(length, "a text");
-    const QString text = QString::fromUtf8(m_data.data() + m_pos, length);
+    // Files saved by older Windows tools hold their texts in GB18030; ours are UTF-8.
+    const QString text = DecodeLegacyText(m_data.sliced(m_pos, length));
     m_pos += length;
     return text;
 }

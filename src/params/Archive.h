@@ -1,7 +1,8 @@
 #pragma once
 // The binary conventions of the project file. Whole numbers are 32-bit signed little-endian. A
 // text is a 32-bit length followed by that many bytes, no terminator; its bytes are UTF-8, the
-// code page of the system the program runs on. A text is always shorter than 100 bytes, a limit
+// code page of the system the program runs on (a text that is not valid UTF-8 comes from an
+// older Windows tool and is read as GB18030). A text is always shorter than 100 bytes, a limit
 // of the format that every reader of it relies on: the writer never makes a longer one and the
 // reader refuses one.
 //

@@ -1,0 +1,31 @@
+#pragma once
+// The rows of a document found by the first five characters of their code ("00-05"), for the
+// imports that match a line to its row by code rather than by position. Only rows the row-exists
+// table has are found; a code that stands more than once is handed out in document order.
+
+#include "params/M330Doc.h"
+
+#include <QHash>
+#include <QString>
+#include <vector>
+
+namespace quillon {
+
+class CCodeIndex {
+public:
+    // All groups, or only group `group` when it is not negative.
+    explicit CCodeIndex(CM330Doc& doc, int group = -1);
+
+    // The next row not yet taken whose code begins with the first five characters of `code`;
+    // nullptr when there is none or `code` is shorter than five characters.
+    ParamRow* Take(const QString& code);
+
+private:
+    struct Slot {
+        std::vector<ParamRow*> rows;
+        size_t next = 0;
+    };
+    QHash<QString, Slot> m_slots;
+};
+
+}  // namespace quillon

@@ -1,0 +1,28 @@
+#include "exchange/GraphExchange.h"
+
+#include "base/Prompt.h"
+#include "exchange/CsvText.h"
+#include "exchange/ExchangeTexts.h"
+#include "exchange/XlsxWrite.h"
+
+namespace quillon {
+
+void ExportGraph(const GraphData& data, ExportFormat format) {
+    const QString path = AskExportPath(format);
+    if (path.isEmpty()) return;
+    if (format == ExportFormat::Csv) {
+        if (!WriteWholeFile(path, ExportGraphCsv(data))) SayOpenFail(QString());
+        return;
+    }
+    QString error;
+    if (!WriteXlsx(BuildGraphWorkbook(data), path, error)) return SayOpenFail(error);
+    Prompt().Message(QString::fromUtf8(ExchangeText::ExportSuccess), MessageKind::Information);
+}
+
+ImportResult ImportGraphFile(const QString& path, GraphData& data) {
+    return ImportByExtension(
+        path, [&](const std::vector<QString>& lines) { return ImportGraphCsv(lines, data); },
+        [&](const Workbook& book) { return ImportGraphWorkbook(book, data); });
+}
+
+}  // namespace quillon
