@@ -39,6 +39,7 @@ int RunRead(const QStringList& args, QTextStream& out);
 int RunWrite(const QStringList& args, QTextStream& out);
 int RunControl(const QStringList& args, QTextStream& out);
 int RunStatus(const QStringList& args, QTextStream& out);
+int RunRecord(const QStringList& args, QTextStream& out);
 
 // The rows of a document, one a line: group, row, exists, code, default, set value (tab-separated).
 void PrintRows(const CM330Doc& doc, QTextStream& out);

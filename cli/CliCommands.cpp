@@ -6,7 +6,7 @@
 namespace quillon::cli {
 
 std::span<const CliCommand> Commands() {
-    static const std::array<CliCommand, 7> kCommands{{
+    static const std::array<CliCommand, 8> kCommands{{
         {"catalogue", "--model CODE [--freq 0|1]",
          "print the rows of a new project for a model: group, row, exists, code, default, set value",
          &RunCatalogue},
@@ -44,6 +44,13 @@ std::span<const CliCommand> Commands() {
          "the status monitor's values as name<TAB>value lines; with --watch one block per "
          "400 ms poll, then the poll count and mean period on stderr",
          &RunStatus},
+        {"record",
+         "(--port COMn | --tcp HOST[:PORT]) --station N --seconds S [--channel NAME]... "
+         "-o FILE.csv [--baud B] [--data 7|8] [--parity none|odd|even] [--stop 1|2]",
+         "sample up to four channels (the graph's list names) each 100 ms tick as the graph "
+         "window does and write them as a graph CSV file (default channels: set and output frequency, "
+         "output voltage and current); Ctrl-C ends early and still writes",
+         &RunRecord},
     }};
     return kCommands;
 }
