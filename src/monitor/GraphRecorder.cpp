@@ -144,6 +144,11 @@ void CGraphRecorder::Complete(const Job& job)
         m_lastValues[c] = r.value;
     }
     m_bFirstSample = false;
+    AppendSample(row);
+}
+
+void CGraphRecorder::AppendSample(const GraphSampleRow& row)
+{
     if (m_store.Append(row, WindowSeconds()))
         m_bFull = true;
     ++m_nVersion;

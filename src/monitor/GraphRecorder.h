@@ -74,6 +74,9 @@ public:
     double ChannelValue(int c, double sample) const { return sample / m_scale[c] + m_scaleMin[c]; }
 
     const CGraphStore& Store() const { return m_store; }
+    // Appends a sample formed elsewhere (a loaded file, a benchmark) as a tick appends its own:
+    // the window is trimmed and the scope told.
+    void AppendSample(const GraphSampleRow& row);
     // The window has run full since Start: the oldest samples are being dropped.
     bool WindowFull() const { return m_bFull; }
     // The five labels of the time axis; `nowMsOfDay` is the local time as milliseconds of the day.

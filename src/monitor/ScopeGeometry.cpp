@@ -40,24 +40,28 @@ void CurvePolyline(const std::deque<double>& times, const std::deque<double>& sa
 {
     out.clear();
     const std::size_t n = std::min(times.size(), samples.size());
-    std::size_t i = 0;
-    while (i < n) {
-        const int x = frame.X(times[i]);
-        const int first = frame.Y(samples[i]);
-        int low = first, high = first, last = first;
-        std::size_t j = i + 1;
-        for (; j < n && frame.X(times[j]) == x; ++j) {
-            last = frame.Y(samples[j]);
-            low = std::min(low, last);
-            high = std::max(high, last);
+    const double perSecond = frame.plot.width() / frame.spanSeconds;
+    auto t = times.begin();
+    auto s = samples.begin();
+    for (std::size_t i = 0; i < n;) {
+        const int x = frame.X(*t);
+        // The first time that falls into the next pixel column.
+        const double next = frame.t0 + (x + 1 - frame.Left()) / perSecond;
+        const double first = *s;
+        double low = first, high = first;
+        std::size_t count = 1;
+        for (++t, ++s, ++i; i < n && *t < next; ++t, ++s, ++i, ++count) {
+            low = std::min(low, *s);
+            high = std::max(high, *s);
         }
-        out.emplace_back(x, first);
-        if (j > i + 1) {
-            out.emplace_back(x, low);
-            out.emplace_back(x, high);
-            out.emplace_back(x, last);
+        if (count == 1) {
+            out.emplace_back(x, frame.Y(first));
+            continue;
         }
-        i = j;
+        // One stroke over the column's range, entered from the end nearer its first sample.
+        const bool fromHigh = high - first < first - low;
+        out.emplace_back(x, frame.Y(fromHigh ? high : low));
+        out.emplace_back(x, frame.Y(fromHigh ? low : high));
     }
 }
 

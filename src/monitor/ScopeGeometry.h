@@ -37,8 +37,9 @@ struct CurveFrame {
     int Y(double sample) const;
 };
 
-// The curve's line with at most four points per pixel column (first, lowest, highest, last), so
-// the cost of drawing stays with the plot's width however many samples the window holds.
+// The curve's line with at most two points per pixel column: a column of several samples becomes
+// one stroke from their lowest to their highest, so the cost of drawing stays with the plot's
+// width however many samples the window holds.
 void CurvePolyline(const std::deque<double>& times, const std::deque<double>& samples,
                    const CurveFrame& frame, std::vector<QPoint>& out);
 

@@ -141,7 +141,8 @@ void CScopeWnd::PaintReadouts(QPainter& p, const QRect& plot, const std::vector<
         const int w = fm.horizontalAdvance(text);
         int x = pt.x() + 1 + w > right ? pt.x() - w : pt.x() + 1;
         const int y = pt.y() + 14 >= bottom ? pt.y() - h : pt.y();
-        // Clear of every earlier readout near the same height: one text width further right.
+        // Clear of every earlier readout near the same height: one text width (and a small gap)
+        // further right.
         for (int guard = 0; guard < kGraphChannels; ++guard) {
             QRect box(x, y, w, h);
             const bool clash = std::any_of(placed.begin(), placed.end(), [&](const QRect& r) {
@@ -149,7 +150,7 @@ void CScopeWnd::PaintReadouts(QPainter& p, const QRect& plot, const std::vector<
             });
             if (!clash)
                 break;
-            x += w;
+            x += w + 4;
         }
         placed.emplace_back(x, y, w, h);
         p.setPen(CurveColour(r.curve));

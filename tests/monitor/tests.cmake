@@ -7,7 +7,8 @@ quillon_add_test(monitor_tests SOURCES
 target_link_libraries(monitor_tests PRIVATE link_test_support)
 
 # Both windows on the simulated drive, and quillon-cli control and status against r770-sim.
-quillon_add_test(monitor_widgets_tests WIDGETS SOURCES ${CMAKE_CURRENT_LIST_DIR}/MonitorWidgetsTest.cpp)
+quillon_add_test(monitor_widgets_tests WIDGETS SOURCES ${CMAKE_CURRENT_LIST_DIR}/MonitorWidgetsTest.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/GraphWidgetsTest.cpp)
 target_link_libraries(monitor_widgets_tests PRIVATE link_test_support)
 quillon_add_test(monitor_cli_tests SOURCES ${CMAKE_CURRENT_LIST_DIR}/MonitorCliTest.cpp
   ${CMAKE_CURRENT_LIST_DIR}/GraphCliTest.cpp)
