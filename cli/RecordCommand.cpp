@@ -159,7 +159,7 @@ int RunRecord(const QStringList& args, QTextStream&)
     const double allowed = LineSampleRate(o.baud);
     std::fprintf(stderr,
                  "record: %d samples%s; achieved %.2f samples/s, %.1f %% of the %.2f samples/s the "
-                 "line allows (an exchange needs %.1f ms at %d baud, one each %d ms tick)\n",
+                 "line allows (an exchange needs %.1f ms at %d baud; a tick each %d ms)\n",
                  samples, g_bInterrupted ? " (interrupted)" : "", achieved,
                  100.0 * achieved / allowed, allowed, 1000.0 * ExchangeSeconds(o.baud), o.baud,
                  kGraphTickMs);

@@ -19,6 +19,17 @@ const QColor kEdgeDark(85, 85, 85);
 
 QString Fixed2(double v) { return QString::number(v, 'f', 2); }
 
+// A sunken edge: dark above and left, white below and right.
+void SunkenEdge(QPainter& p, const QRect& r)
+{
+    p.setPen(kEdgeDark);
+    p.drawLine(r.topLeft(), r.topRight());
+    p.drawLine(r.topLeft(), r.bottomLeft());
+    p.setPen(Qt::white);
+    p.drawLine(r.bottomLeft(), r.bottomRight());
+    p.drawLine(r.topRight(), r.bottomRight());
+}
+
 }  // namespace
 
 QColor CurveColour(int c)
@@ -83,12 +94,7 @@ void CScopeWnd::PaintPlot(QPainter& p, const ScopeLayout& l)
 {
     const QRect& plot = l.plot;
     p.fillRect(plot, kPlot);
-    p.setPen(kEdgeDark);
-    p.drawLine(plot.topLeft(), plot.topRight());
-    p.drawLine(plot.topLeft(), plot.bottomLeft());
-    p.setPen(Qt::white);
-    p.drawLine(plot.bottomLeft(), plot.bottomRight());
-    p.drawLine(plot.topRight(), plot.bottomRight());
+    SunkenEdge(p, plot);
 
     p.save();
     p.setClipRect(plot.adjusted(2, 2, -2, -2));
@@ -194,12 +200,7 @@ void CScopeWnd::PaintBoxes(QPainter& p, const ScopeLayout& l)
         p.setPen(CurveColour(c));
         p.drawText(name, Qt::AlignCenter, CurveName(c));
         p.fillRect(box, Qt::black);
-        p.setPen(kEdgeDark);
-        p.drawLine(box.topLeft(), box.topRight());
-        p.drawLine(box.topLeft(), box.bottomLeft());
-        p.setPen(Qt::white);
-        p.drawLine(box.bottomLeft(), box.bottomRight());
-        p.drawLine(box.topRight(), box.bottomRight());
+        SunkenEdge(p, box);
         p.setPen(CurveColour(c));
         p.drawText(box.adjusted(3, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter,
                    Fixed2(m_recorder.LastValue(c)));

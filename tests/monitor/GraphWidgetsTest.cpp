@@ -7,6 +7,8 @@
 #include "monitor/GraphDlg.h"
 #include "monitor/ParamSetDlg.h"
 #include "monitor/ScopeWnd.h"
+#include "shell/CommandIds.h"
+#include "support/AppSession.h"
 #include "support/WidgetTestSupport.h"
 
 #include <QAction>
@@ -107,6 +109,33 @@ TEST_F(GraphWidgetsTest, ParameterSetFiltersLimitsAndRefusesAMaximumNotAboveItsM
     EXPECT_EQ(dlg.Settings().station, 3);
     EXPECT_EQ(dlg.Settings().maximum[1], "11.00");
     EXPECT_EQ(dlg.Settings().channelName[0], "No Display");
+}
+
+TEST(GraphWatchCommand, SetWritesTheChannelsBackIntoTheSession)
+{
+    ScriptedPrompt prompt;
+    AppSession s;
+    s.NewProject("R770-201-Kxx");
+    s.frame->Session().m_stations = {1, 4};
+    s.frame->Session().m_bOnline = 1;
+    s.frame->UpdateCommandUI();
+    OnNextModal<CGraphDlg>([](CGraphDlg& dlg) {
+        EXPECT_TRUE(dlg.Action("Set")->isEnabled());
+        OnNextModal<CParamSetDlg>([](CParamSetDlg& set) {
+            set.StationList()->setCurrentIndex(1);
+            set.ChannelList(0)->setCurrentIndex(2);
+            set.accept();
+        });
+        dlg.OnSet();
+        EXPECT_EQ(dlg.Recorder().Settings().station, 4);
+        dlg.reject();
+    });
+    s.frame->OnCommand(CmdId::GraphWatch);
+    const GraphSettings& kept = s.frame->Session().m_graphSettings;
+    EXPECT_EQ(kept.station, 4);
+    EXPECT_EQ(kept.channelName[0], "Output Frequency");
+    EXPECT_EQ(kept.channelIndex[0], 2);
+    EXPECT_EQ(kept.maximum[0], "10.00");
 }
 
 }  // namespace
