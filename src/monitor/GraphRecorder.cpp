@@ -2,8 +2,10 @@
 
 #include "base/Prompt.h"
 #include "link/Registers.h"
+#include "monitor/ParamSetFields.h"
 
 #include <chrono>
+#include <cmath>
 #include <memory>
 
 namespace quillon {
@@ -151,6 +153,31 @@ void CGraphRecorder::AppendSample(const GraphSampleRow& row)
 {
     if (m_store.Append(row, WindowSeconds()))
         m_bFull = true;
+    ++m_nVersion;
+    if (onSample)
+        onSample();
+}
+
+void CGraphRecorder::LoadRows(const GraphSettings& curves, const std::vector<GraphSampleRow>& rows)
+{
+    Stop();
+    m_store.Clear();
+    m_bFull = false;
+    ApplySettings(curves);
+    for (const GraphSampleRow& row : rows) {
+        m_store.dayTimes.push_back(row.dayTime);
+        m_store.timeTexts.push_back(row.timeText);
+        for (int c = 0; c < kGraphChannels; ++c)
+            m_store.AppendCurve(c, row.valueTexts[c],
+                                (LimitValue(row.valueTexts[c]) - m_scaleMin[c]) * m_scale[c],
+                                row.dayTime);
+    }
+    if (!rows.empty()) {
+        m_startTick = rows.front().dayTime;
+        m_nStartMsOfDay = std::llround(rows.front().dayTime * 1000.0);
+    }
+    if (m_state == RecorderState::Idle)
+        m_state = RecorderState::Stopped;
     ++m_nVersion;
     if (onSample)
         onSample();

@@ -20,6 +20,7 @@
 #include <array>
 #include <functional>
 #include <optional>
+#include <vector>
 
 namespace quillon {
 
@@ -77,6 +78,12 @@ public:
     // Appends a sample formed elsewhere (a loaded file, a benchmark) as a tick appends its own:
     // the window is trimmed and the scope told.
     void AppendSample(const GraphSampleRow& row);
+    // A loaded file in place of live data: its curves and limits (the session's settings stay as
+    // they are), then its rows, each row's time of day serving as its tick time and the first as
+    // the time of Start. The samples come from the value texts on the file's own scale. Shown
+    // like a stopped run; nothing is trimmed, so a file longer than the window runs past the
+    // right edge. The next Start clears it.
+    void LoadRows(const GraphSettings& curves, const std::vector<GraphSampleRow>& rows);
     // The window has run full since Start: the oldest samples are being dropped.
     bool WindowFull() const { return m_bFull; }
     // The five labels of the time axis; `nowMsOfDay` is the local time as milliseconds of the day.

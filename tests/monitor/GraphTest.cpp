@@ -140,6 +140,23 @@ TEST_F(GraphTest, AFailedExchangeStopsWithOneMessageAndOtherResultsLoseOnlyTheTi
     }
 }
 
+TEST_F(GraphTest, ALoadedFileIsDrawnOnItsOwnScaleAndRunsPastTheWindow)
+{
+    GraphSettings curves = m_recorder.Settings();
+    curves.minimum[0] = "10.00";
+    curves.maximum[0] = "20.00";
+    std::vector<GraphSampleRow> rows(2);
+    rows[0].dayTime = 3600.5;
+    rows[0].valueTexts[0] = "15.00";
+    rows[1].dayTime = 3700.0;  // past the minute of the window
+    rows[1].valueTexts[0] = "20.00";
+    m_recorder.LoadRows(curves, rows);
+    EXPECT_EQ(m_recorder.State(), RecorderState::Stopped);
+    EXPECT_EQ(m_recorder.Store().curveValues[0], (std::deque<double>{500.0, 1000.0}));
+    EXPECT_EQ(m_recorder.Store().curveTimes[0].size(), 2u);
+    EXPECT_EQ(m_recorder.TimeAxis(0)[0], "01:00:00.500");
+}
+
 TEST(GraphStore, EachCurveIsTrimmedByItsOwnTimeSpan)
 {
     CGraphStore store;
