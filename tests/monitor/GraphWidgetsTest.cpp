@@ -7,6 +7,7 @@
 #include "monitor/GraphDlg.h"
 #include "monitor/ParamSetDlg.h"
 #include "monitor/ScopeWnd.h"
+#include "monitor/SetTimeDlg.h"
 #include "shell/CommandIds.h"
 #include "support/AppSession.h"
 #include "support/WidgetTestSupport.h"
@@ -109,6 +110,23 @@ TEST_F(GraphWidgetsTest, ParameterSetFiltersLimitsAndRefusesAMaximumNotAboveItsM
     EXPECT_EQ(dlg.Settings().station, 3);
     EXPECT_EQ(dlg.Settings().maximum[1], "11.00");
     EXPECT_EQ(dlg.Settings().channelName[0], "No Display");
+}
+
+TEST_F(GraphWidgetsTest, SetTimeKeepsNumbersOnlyAndRefusesNoTime)
+{
+    CSetTimeDlg dlg(15000);
+    dlg.show();
+    EXPECT_EQ(dlg.MinutesEdit()->text(), "1");
+    EXPECT_EQ(dlg.SecondsEdit()->text(), "0");
+    dlg.MinutesEdit()->setText("x");
+    EXPECT_EQ(dlg.MinutesEdit()->text(), "1");
+    dlg.MinutesEdit()->setText("0");
+    dlg.accept();
+    EXPECT_EQ(m_prompt.Messages(), QStringList{"The interval time must be more than 0s !"});
+    EXPECT_TRUE(dlg.isVisible());
+    dlg.SecondsEdit()->setText("1");
+    dlg.accept();
+    EXPECT_EQ(dlg.DivisionMs(), 250);
 }
 
 TEST(GraphWatchCommand, SetWritesTheChannelsBackIntoTheSession)
