@@ -68,6 +68,13 @@ std::span<const CliCommand> Commands() {
          "write one parameter as its row's write button does, with every guard and rule; the "
          "rest of its page from the project or a new one (model 1205 unless --model)",
          &RunPageWrite},
+        {"record",
+         "(--port COMn | --tcp HOST[:PORT]) --station N --seconds S [--channel NAME]... "
+         "-o FILE.csv [--baud B] [--data 7|8] [--parity none|odd|even] [--stop 1|2]",
+         "sample up to four channels (the graph's list names) each 100 ms tick as the graph "
+         "window does and write them as a graph CSV file (default channels: set and output frequency, "
+         "output voltage and current); Ctrl-C ends early and still writes",
+         &RunRecord},
     };
     return kCommands;
 }

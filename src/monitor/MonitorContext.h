@@ -13,6 +13,8 @@ class CDriveSerial;
 struct MonitorContext {
     std::vector<int> stations;
     std::function<CDriveSerial*()> link;
+    // The session's link state; without it a window counts as linked while there is a link.
+    std::function<bool()> linked;
     // Creates the graph watch as a window owned by `owner`. Empty while there is none: the
     // control panel's "Graph" button then stays disabled.
     std::function<QWidget*(QWidget* owner)> openGraph;
