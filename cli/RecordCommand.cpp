@@ -5,8 +5,9 @@
 #include "CliCommand.h"
 #include "TransferCli.h"
 
-#include "monitor/GraphCsv.h"
+#include "exchange/CsvText.h"
 #include "monitor/GraphRecorder.h"
+#include "monitor/GraphStoreData.h"
 #include "sim/WireTiming.h"
 
 #include <unistd.h>
@@ -148,7 +149,7 @@ int RunRecord(const QStringList& args, QTextStream&)
 
     const CGraphStore& store = recorder.Store();
     QString error;
-    if (!WriteGraphCsv(store, settings, r.output, error)) {
+    if (!WriteWholeFile(r.output, ExportGraphCsv(GraphDataOf(store, settings)), &error)) {
         std::fprintf(stderr, "record: can't write %s: %s\n", r.output.toUtf8().constData(),
                      error.toUtf8().constData());
         return kExitFailed;

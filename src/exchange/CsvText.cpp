@@ -28,14 +28,11 @@ QByteArray JoinCsvLines(const QStringList& lines) {
 
 QStringList SplitCsvFields(const QString& line) { return line.split(u','); }
 
-bool WriteWholeFile(const QString& path, const QByteArray& bytes) {
+bool WriteWholeFile(const QString& path, const QByteArray& bytes, QString* error) {
     QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly)) return false;
-    if (file.write(bytes) != bytes.size()) {
-        file.cancelWriting();
-        return false;
-    }
-    return file.commit();
+    const bool ok = file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
+    if (!ok && error) *error = file.errorString();
+    return ok;  // an unfinished QSaveFile leaves the target as it was
 }
 
 }  // namespace quillon

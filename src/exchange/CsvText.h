@@ -22,7 +22,8 @@ QByteArray JoinCsvLines(const QStringList& lines);
 // The fields of a line, split at every ",".
 QStringList SplitCsvFields(const QString& line);
 
-// Writes `bytes` to `path` through a temporary file beside it; false when it can't be written.
-bool WriteWholeFile(const QString& path, const QByteArray& bytes);
+// Writes `bytes` to `path` through a temporary file beside it; false when it can't be written,
+// with the reason in `error` when one is given.
+bool WriteWholeFile(const QString& path, const QByteArray& bytes, QString* error = nullptr);
 
 }  // namespace quillon

@@ -19,10 +19,19 @@ void ExportGraph(const GraphData& data, ExportFormat format) {
     Prompt().Message(QString::fromUtf8(ExchangeText::ExportSuccess), MessageKind::Information);
 }
 
-ImportResult ImportGraphFile(const QString& path, GraphData& data) {
-    return ImportByExtension(
-        path, [&](const std::vector<QString>& lines) { return ImportGraphCsv(lines, data); },
-        [&](const Workbook& book) { return ImportGraphWorkbook(book, data); });
+ImportResult ImportGraphFile(const QString& path, GraphData& data, bool* read) {
+    bool reached = false;
+    const ImportResult result = ImportByExtension(
+        path, [&](const std::vector<QString>& lines) { return reached = true, ImportGraphCsv(lines, data); },
+        [&](const Workbook& book) { return reached = true, ImportGraphWorkbook(book, data); });
+    if (read) *read = reached;
+    return result;
+}
+
+ImportResult ImportGraph(GraphData& data, bool* read) {
+    if (read) *read = false;
+    const QString path = AskImportPath();
+    return path.isEmpty() ? ImportResult::NotRun : ImportGraphFile(path, data, read);
 }
 
 }  // namespace quillon

@@ -15,6 +15,11 @@ namespace quillon {
 void ExportGraph(const GraphData& data, ExportFormat format);
 
 // Replaces `data` with the file's samples, the format from the extension (NotRun for any other).
-ImportResult ImportGraphFile(const QString& path, GraphData& data);
+// `read` tells whether the file could be read at all: a file that was read replaces what the
+// window held even when its heading lines were wrong (Failed, `data` then empty).
+ImportResult ImportGraphFile(const QString& path, GraphData& data, bool* read = nullptr);
+
+// The Import of the graph window: asks for the file ("Cancel" gives NotRun), then ImportGraphFile.
+ImportResult ImportGraph(GraphData& data, bool* read = nullptr);
 
 }  // namespace quillon

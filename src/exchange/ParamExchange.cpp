@@ -92,10 +92,13 @@ ImportResult ImportParamFile(CM330Doc& doc, const QString& path, ImportMatch mat
         [&](const Workbook& book) { return ImportParamWorkbook(doc, book, match); });
 }
 
+QString AskImportPath() {
+    return Prompt().OpenFileName(QStringLiteral("Import"), QString::fromUtf8(ExchangeText::ImportFilter),
+                                 QStringLiteral("xlsx"));
+}
+
 ImportResult ImportParams(CM330Doc& doc) {
-    const QString path = Prompt().OpenFileName(QStringLiteral("Import"),
-                                               QString::fromUtf8(ExchangeText::ImportFilter),
-                                               QStringLiteral("xlsx"));
+    const QString path = AskImportPath();
     if (path.isEmpty()) return ImportResult::NotRun;
     return ImportParamFile(doc, path);
 }

@@ -58,6 +58,9 @@ ImportResult ImportByExtension(const QString& path,
 ImportResult ImportParamFile(CM330Doc& doc, const QString& path,
                              ImportMatch match = ImportMatch::ByPosition);
 
+// The import's file dialog (workbooks or CSV files); empty on "Cancel".
+QString AskImportPath();
+
 // The Import command: asks for the file, then ImportParamFile.
 ImportResult ImportParams(CM330Doc& doc);
 

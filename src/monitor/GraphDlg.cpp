@@ -1,7 +1,11 @@
 #include "monitor/GraphDlg.h"
 
 #include "base/ErrorReport.h"
+#include "exchange/ExchangeUi.h"
+#include "exchange/ExportFormatDlg.h"
+#include "exchange/GraphExchange.h"
 #include "monitor/ParamSetDlg.h"
+#include "monitor/GraphStoreData.h"
 #include "monitor/ScopeWnd.h"
 #include "monitor/SetTimeDlg.h"
 #include "monitor/WorkerRunner.h"
@@ -112,16 +116,11 @@ CGraphDlg::CGraphDlg(MonitorContext context, GraphSettings& sessionSettings, QWi
     add(QStringLiteral("Start"), [this] { OnStart(); });
     add(QStringLiteral("Stop"), [this] { OnStop(); });
     m_tools->addSeparator();
-    // Pictures and data files of the graph come with the data exchange; until then their
-    // buttons stand disabled.
-    const auto later = [this](const QString& tip) {
-        m_tools->addAction(ToolIcon(tip), tip)->setEnabled(false);
-    };
-    later(QStringLiteral("Save"));
+    add(QStringLiteral("Save"), [this] { OnSave(); });
     add(QStringLiteral("Set"), [this] { OnSet(); });
     add(QStringLiteral("Dim Time"), [this] { OnDimTime(); });
-    later(QStringLiteral("Export"));
-    later(QStringLiteral("Import"));
+    add(QStringLiteral("Export"), [this] { OnExport(); });
+    add(QStringLiteral("Import"), [this] { OnImport(); });
     for (const char* name : {"Set", "Start", "Stop", "Dim Time...", "Export...", "Import..."}) {
         const QString text = QString::fromLatin1(name);
         QAction* tool = Action(QString(text).remove(QStringLiteral("...")));
@@ -225,6 +224,39 @@ void CGraphDlg::OnDimTime()
     if (dlg.exec() == QDialog::Accepted)
         m_recorder->SetDivisionMs(dlg.DivisionMs());
     m_recorder->SetHold(false);
+    m_scope->update();
+}
+
+void CGraphDlg::OnSave() { SaveWidgetPicture(*this); }
+
+void CGraphDlg::OnExport()
+{
+    // The file holds the store as it stands: no sample may arrive while it is written.
+    if (Linked())
+        OnStop();
+    CExportFormatDlg dlg(this);
+    if (dlg.exec() != QDialog::Accepted)
+        return;
+    ExportGraph(GraphDataOf(m_recorder->Store(), m_recorder->Settings()), dlg.Format());
+}
+
+void CGraphDlg::OnImport()
+{
+    GraphData data;
+    bool read = false;
+    const ImportResult result = ImportGraph(data, &read);
+    if (!read)
+        return;  // cancelled, or the file could not be opened: the window keeps what it shows
+    if (result == ImportResult::Done) {
+        LoadGraphData(*m_recorder, data);
+    } else {
+        // The store is cleared before the headings are looked at; refused, they leave the
+        // curves as they were, with no samples.
+        const GraphSettings curves = m_recorder->Settings();
+        m_recorder->LoadRows(curves, {});
+    }
+    m_stripTimer->stop();
+    m_strip->update();
     m_scope->update();
 }
 

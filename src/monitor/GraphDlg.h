@@ -55,6 +55,11 @@ public:
     void OnKeyPause();
     void OnSet();
     void OnDimTime();
+    // The picture of the window as a BMP file; the samples written to or read from a graph data
+    // file (CSV or workbook). None of them needs a link; Export stops the sampling first.
+    void OnSave();
+    void OnExport();
+    void OnImport();
 
     void done(int result) override;
 

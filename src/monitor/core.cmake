@@ -2,9 +2,9 @@ target_sources(quillon_core PRIVATE
   ${CMAKE_CURRENT_LIST_DIR}/ControlPanel.cpp
   ${CMAKE_CURRENT_LIST_DIR}/FrequencyEdit.cpp
   ${CMAKE_CURRENT_LIST_DIR}/GraphChannels.cpp
-  ${CMAKE_CURRENT_LIST_DIR}/GraphCsv.cpp
   ${CMAKE_CURRENT_LIST_DIR}/GraphRecorder.cpp
   ${CMAKE_CURRENT_LIST_DIR}/GraphStore.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/GraphStoreData.cpp
   ${CMAKE_CURRENT_LIST_DIR}/LinkExchange.cpp
   ${CMAKE_CURRENT_LIST_DIR}/ParamSetFields.cpp
   ${CMAKE_CURRENT_LIST_DIR}/ScopeGeometry.cpp

@@ -4,8 +4,8 @@
 
 #include "MonitorFixture.h"
 #include "link/Registers.h"
-#include "monitor/GraphCsv.h"
 #include "monitor/GraphRecorder.h"
+#include "monitor/GraphStoreData.h"
 #include "monitor/ParamSetFields.h"
 #include "monitor/ScopeGeometry.h"
 
@@ -175,7 +175,7 @@ TEST(GraphStore, EachCurveIsTrimmedByItsOwnTimeSpan)
 
     // The CSV lists the samples of the window under the three heading lines.
     GraphSettings s;
-    const QByteArray csv = GraphCsvText(store, s);
+    const QByteArray csv = ExportGraphCsv(GraphDataOf(store, s));
     EXPECT_TRUE(csv.startsWith(",No display,No display,No display,No display\r\nMin,0.00,"));
     EXPECT_TRUE(csv.endsWith("\r\n1,,,,,2"));
 }

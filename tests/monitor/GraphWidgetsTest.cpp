@@ -1,8 +1,9 @@
 // The graph window on the simulated drive, its exchanges on the worker: a run-up and stop
-// recorded and read with the cursor, a dead line that stops only the sampling, and the
-// "Parameter Set" dialog's filter and refusal.
+// recorded and read with the cursor, a dead line that stops only the sampling, the graph data
+// files and the picture, and the "Parameter Set" dialog's filter and refusal.
 
 #include "MonitorFixture.h"
+#include "exchange/ExportFormatDlg.h"
 #include "link/Registers.h"
 #include "monitor/GraphDlg.h"
 #include "monitor/ParamSetDlg.h"
@@ -14,8 +15,12 @@
 
 #include <QAction>
 #include <QComboBox>
+#include <QFile>
 #include <QLineEdit>
+#include <QRadioButton>
+#include <QTemporaryDir>
 #include <QTest>
+#include <QtEndian>
 #include <QTimer>
 
 #include <atomic>
@@ -49,7 +54,6 @@ TEST_F(GraphWidgetsTest, RecordsARunUpAndStopAndADeadLineStopsOnlyTheSampling)
     EXPECT_EQ(session.station, 1);  // the first linked station
     dlg.resize(760, 520);
     dlg.show();
-    EXPECT_FALSE(dlg.Action("Export")->isEnabled());
     dlg.Recorder().SetDivisionMs(2000);  // an 8 s window
     dlg.Action("Start")->trigger();
     EXPECT_TRUE(dlg.SamplingTimer()->isActive());
@@ -82,6 +86,72 @@ TEST_F(GraphWidgetsTest, RecordsARunUpAndStopAndADeadLineStopsOnlyTheSampling)
     dlg.Action("Stop")->trigger();
     EXPECT_FALSE(dlg.StripTimer()->isActive());
     EXPECT_EQ(session.channelName[0], "Output Frequency");
+}
+
+TEST_F(GraphWidgetsTest, ExportedSamplesImportBackAsAStoppedRunAndSaveWritesTheWindowAsBmp)
+{
+    GraphSettings session;
+    session.channelName = {"Output Frequency", "DC Voltage", "No display", "No display"};
+    session.maximum = {"60.00", "400", "10.00", "10.00"};
+    session.minimum[1] = "250";
+    CGraphDlg dlg(Context(), session);
+    dlg.show();
+    CGraphRecorder& rec = dlg.Recorder();
+    for (int i = 0; i < 5; ++i) {
+        GraphSampleRow row;
+        row.tick = 100.0 + 0.1 * i;
+        row.timeText = ClockText(3600000 + 100 * i);
+        const std::array<double, kGraphChannels> values{10.0 * i, 300.0 + i, 0.0, 0.0};
+        for (int c = 0; c < kGraphChannels; ++c) {
+            row.valueTexts[c] = QString::number(values[c], 'f', c == 0 ? 2 : 0);
+            row.samples[c] = (values[c] - rec.ScaleMin(c)) * rec.Scale(c);
+        }
+        rec.AppendSample(row);
+    }
+    const CGraphStore recorded = rec.Store();
+    QTemporaryDir dir;
+    for (const QString name : {"g.csv", "g.xlsx"}) {
+        OnNextModal<CExportFormatDlg>([&name](CExportFormatDlg& d) {
+            (name.endsWith(".csv") ? d.CsvButton() : d.ExcelButton())->click();
+            d.accept();
+        });
+        m_prompt.FileName(dir.filePath(name));
+        dlg.Action("Export")->trigger();
+        if (name.endsWith(".csv")) {
+            QFile csv(dir.filePath(name));
+            ASSERT_TRUE(csv.open(QIODevice::ReadOnly));
+            EXPECT_TRUE(csv.readAll().startsWith(",Output Frequency,DC Voltage,No display,No display\r\n"
+                                                 "Min,0.00,250,0.00,0.00\r\nMax,60.00,400,"));
+        }
+        GraphSettings other;
+        rec.LoadRows(other, {});  // a blank window
+        m_prompt.FileName(dir.filePath(name));
+        dlg.Action("Import")->trigger();
+        EXPECT_EQ(rec.State(), RecorderState::Stopped);
+        EXPECT_EQ(rec.Settings().channelName, session.channelName);
+        EXPECT_EQ(rec.Settings().minimum[1], "250");
+        EXPECT_EQ(rec.Store().valueTexts, recorded.valueTexts);
+        EXPECT_EQ(rec.Store().curveValues, recorded.curveValues);
+        EXPECT_EQ(rec.Store().timeTexts, recorded.timeTexts);
+        EXPECT_NEAR(rec.Store().curveTimes[1].back() - rec.Store().curveTimes[1].front(), 0.4, 1e-9);
+        EXPECT_EQ(rec.TimeAxis(0)[0], "01:00:00.000");  // the first sample is the time of Start
+    }
+    EXPECT_EQ(m_prompt.Messages(), (QStringList{"Export success.", "Import success."}));
+
+    m_prompt.FileName(dir.filePath("graph.bmp"));
+    dlg.Action("Save")->trigger();
+    QFile file(dir.filePath("graph.bmp"));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QByteArray bmp = file.readAll();
+    ASSERT_GT(bmp.size(), 54);
+    const auto u32 = [&bmp](int at) { return qFromLittleEndian<quint32>(bmp.constData() + at); };
+    EXPECT_TRUE(bmp.startsWith("BM"));
+    EXPECT_EQ(u32(2), static_cast<quint32>(bmp.size()));
+    EXPECT_EQ(u32(10), 54u);
+    EXPECT_EQ(u32(18), static_cast<quint32>(dlg.width()));
+    EXPECT_EQ(u32(22), static_cast<quint32>(dlg.height()));
+    EXPECT_EQ(qFromLittleEndian<quint16>(bmp.constData() + 28), 32);
+    EXPECT_EQ(bmp.size(), 54 + 4 * dlg.width() * dlg.height());
 }
 
 TEST_F(GraphWidgetsTest, ParameterSetFiltersLimitsAndRefusesAMaximumNotAboveItsMinimum)
