@@ -1,5 +1,6 @@
 #include "monitor/MonitorUi.h"
 
+#include "monitor/KeyPadDlg.h"
 #include "monitor/MonitorControlDlg.h"
 #include "monitor/MonitorStatusDlg.h"
 #include "shell/CommandIds.h"
@@ -23,6 +24,10 @@ void InstallMonitorCommands(CMainFrame& frame)
     });
     frame.SetCommandHandler(CmdId::Control, [&frame] {
         CMonitorControlDlg dlg(MonitorContextOf(frame), 0, &frame);
+        dlg.exec();
+    });
+    frame.SetCommandHandler(CmdId::KeyPad, [&frame] {
+        CKeyPadDlg dlg(MonitorContextOf(frame), &frame);
         dlg.exec();
     });
 }

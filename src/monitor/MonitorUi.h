@@ -1,6 +1,7 @@
 #pragma once
-// The monitoring commands of the main window: Status opens the status monitor and Control the
-// control panel, each as a modal dialog on the session's link and stations.
+// The monitoring commands of the main window: Status opens the status monitor, Control the
+// control panel and KeyPad the virtual keypad, each as a modal dialog on the session's link and
+// stations.
 
 namespace quillon {
 

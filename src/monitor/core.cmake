@@ -1,6 +1,10 @@
 target_sources(quillon_core PRIVATE
   ${CMAKE_CURRENT_LIST_DIR}/ControlPanel.cpp
   ${CMAKE_CURRENT_LIST_DIR}/FrequencyEdit.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/KeyPad.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/KeyPadItems.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/KnobMapping.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/LedDisplay.cpp
   ${CMAKE_CURRENT_LIST_DIR}/LinkExchange.cpp
   ${CMAKE_CURRENT_LIST_DIR}/StatusMonitor.cpp
   ${CMAKE_CURRENT_LIST_DIR}/StatusReadout.cpp
