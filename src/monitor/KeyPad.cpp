@@ -10,6 +10,7 @@
 #include <cstdlib>
 #include <memory>
 #include <optional>
+#include <utility>
 
 namespace quillon {
 namespace {
@@ -102,8 +103,12 @@ void CKeyPad::Say(const QString& text)
 
 void CKeyPad::Tick(bool leftButtonDown)
 {
-    if (!m_bPolling || m_bTicking)
+    if (!m_bPolling)
         return;
+    if (m_bTicking) {
+        m_bTickDue = true;
+        return;
+    }
     auto job = std::make_shared<TickJob>();
     if (!leftButtonDown && m_bDragging) {
         // The knob was let go: its frequency goes to the drive first.
@@ -135,6 +140,8 @@ void CKeyPad::Tick(bool leftButtonDown)
         [this, job] {
             m_bTicking = false;
             TickDone(*job);
+            if (std::exchange(m_bTickDue, false) && m_bPolling && onTickDue)
+                onTickDue();
         });
 }
 

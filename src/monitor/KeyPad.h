@@ -8,8 +8,11 @@
 // The widget owns the 100 ms timer and calls Tick with the state of the left mouse button, so a
 // drag ends when the button comes up, whatever window it comes up over. Each tick sends the
 // frequency of a released knob, then reads the status word, the command sources, the frequency
-// limits and the monitor block; while a tick's exchanges are under way further ticks do nothing,
-// so a slow line never piles them up. A failed exchange stops the ticks with a message.
+// limits and the monitor block. While a tick's exchanges are under way a further tick only
+// notes that one is due, and onTickDue asks for it when they end: on a line slower than the
+// timer the ticks follow each other as fast as the line allows and never pile up, as the drive
+// tool's timer messages waited for its busy window. A failed exchange stops the ticks with a
+// message.
 
 #include "monitor/LinkExchange.h"
 #include "monitor/KnobMapping.h"
@@ -107,6 +110,8 @@ public:
 
     // After every change of what is shown, and after each tick.
     std::function<void()> onChanged;
+    // A tick came due while the last one was under way; the widget calls Tick now.
+    std::function<void()> onTickDue;
 
 private:
     struct TickJob;
@@ -139,6 +144,7 @@ private:
     KnobPointer m_pointer = kKnobPointerAtStart;
     bool m_bPolling = true;
     bool m_bTicking = false;
+    bool m_bTickDue = false;
 };
 
 }  // namespace quillon

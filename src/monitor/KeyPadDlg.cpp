@@ -154,6 +154,7 @@ CKeyPadDlg::CKeyPadDlg(MonitorContext context, QWidget* parent)
     side->setContentsMargins(0, 10, 0, 0);
 
     m_keypad->onChanged = [this] { OnChanged(); };
+    m_keypad->onTickDue = [this] { m_keypad->Tick(LeftButtonDown()); };
     m_timer->setObjectName(QStringLiteral("KeyPadTimer"));
     m_timer->setInterval(kKeyPadPollPeriodMs);
     connect(m_timer, &QTimer::timeout, this, Guarded([this] { m_keypad->Tick(LeftButtonDown()); }));

@@ -227,5 +227,30 @@ TEST_F(KeyPadTest, FailuresSourcesAndTheFirstTickWithoutALink)
                                                 "TimeOut!"}));
 }
 
+// Holds each job until the test lets it run: a line slower than the timer.
+struct HeldRunner final : IExchangeRunner {
+    std::vector<std::pair<LinkWork, LinkDone>> jobs;
+    void Run(LinkWork work, LinkDone done) override { jobs.emplace_back(std::move(work), std::move(done)); }
+};
+
+TEST_F(KeyPadTest, TicksOnASlowLineNeverPileUp)
+{
+    HeldRunner held;
+    CKeyPad keypad(held, {1}, 0);
+    int due = 0;
+    keypad.onTickDue = [&] { ++due; keypad.Tick(false); };
+    for (int shot = 0; shot < 5; ++shot)
+        keypad.Tick(false);
+    ASSERT_EQ(held.jobs.size(), 1u);
+    auto [work, done] = std::move(held.jobs.front());
+    held.jobs.clear();
+    work(&m_link);
+    done();
+    // The four shots that found it busy ask for one tick, at once.
+    EXPECT_EQ(due, 1);
+    EXPECT_EQ(held.jobs.size(), 1u);
+    EXPECT_TRUE(keypad.IsTicking());
+}
+
 }  // namespace
 }  // namespace quillon::test
