@@ -163,7 +163,8 @@ CKeyPadDlg::CKeyPadDlg(MonitorContext context, QWidget* parent)
 
 CKeyPadDlg::~CKeyPadDlg()
 {
-    // No completion may reach the keypad once it goes.
+    // No completion may reach the keypad once it goes, nor the edit's last focus loss.
+    m_frequency->removeEventFilter(this);
     m_runner.reset();
 }
 

@@ -68,19 +68,30 @@ void PaintDigit(QPainter& p, QPointF at, std::uint8_t lit)
     }
 }
 
+// A rounded box shaded from `top` down to `bottom`, outlined by `pen`.
+void ShadedBox(QPainter& p, const QRectF& r, double radius, QColor top, QColor bottom, const QPen& pen)
+{
+    QLinearGradient g(r.topLeft(), r.bottomLeft());
+    g.setColorAt(0, top);
+    g.setColorAt(1, bottom);
+    p.setPen(pen);
+    p.setBrush(g);
+    p.drawRoundedRect(r, radius, radius);
+}
+
+void SetFont(QPainter& p, int pixels, bool bold)
+{
+    QFont f = p.font();
+    f.setBold(bold);
+    f.setPixelSize(pixels);
+    p.setFont(f);
+}
+
 void PaintKey(QPainter& p, const KeyFace& key)
 {
     const QRectF r = QRectF(key.area).adjusted(2.5, 2.5, -1.5, -1.5);
-    QLinearGradient g(r.topLeft(), r.bottomLeft());
-    g.setColorAt(0, QColor(236, 238, 242));
-    g.setColorAt(1, QColor(176, 182, 192));
-    p.setPen(QPen(QColor(25, 28, 34), 1.2));
-    p.setBrush(g);
-    p.drawRoundedRect(r, 6, 6);
-    QFont f = p.font();
-    f.setBold(true);
-    f.setPixelSize(13);
-    p.setFont(f);
+    ShadedBox(p, r, 6, QColor(236, 238, 242), QColor(176, 182, 192), QPen(QColor(25, 28, 34), 1.2));
+    SetFont(p, 13, true);
     p.setPen(key.text);
     const QString text = key.line2 ? QString::fromUtf8(key.line1) + QLatin1Char('\n') +
                                          QString::fromLatin1(key.line2)
@@ -111,9 +122,7 @@ void PaintKnob(QPainter& p)
     p.setPen(QPen(QColor(60, 64, 70), 1.0));
     p.setBrush(face);
     p.drawEllipse(c, 23, 23);
-    QFont f = p.font();
-    f.setPixelSize(10);
-    p.setFont(f);
+    SetFont(p, 10, false);
     p.setPen(kLegend);
     p.drawText(QRectF(c.x() - 40, c.y() + 33, 80, 14), Qt::AlignCenter, QStringLiteral("FREQ"));
     p.drawText(QRectF(c.x() - 52, c.y() + 24, 30, 12), Qt::AlignCenter, QStringLiteral("MIN"));
@@ -124,22 +133,12 @@ void PaintKnob(QPainter& p)
 void PaintPanel(QPainter& p)
 {
     const QRectF body(4.5, 4.5, kKeyPadPictureSize.width() - 9, kKeyPadPictureSize.height() - 9);
-    QLinearGradient g(body.topLeft(), body.bottomLeft());
-    g.setColorAt(0, QColor(78, 86, 98));
-    g.setColorAt(1, QColor(44, 49, 57));
-    p.setPen(QPen(QColor(22, 24, 28), 1.5));
-    p.setBrush(g);
-    p.drawRoundedRect(body, 16, 16);
+    ShadedBox(p, body, 16, QColor(78, 86, 98), QColor(44, 49, 57), QPen(QColor(22, 24, 28), 1.5));
 
-    QFont f = p.font();
-    f.setBold(true);
-    f.setPixelSize(15);
-    p.setFont(f);
+    SetFont(p, 15, true);
     p.setPen(QColor(240, 242, 246));
     p.drawText(QRectF(24, 14, 120, 24), Qt::AlignLeft | Qt::AlignVCenter, QStringLiteral("R770"));
-    f.setBold(false);
-    f.setPixelSize(10);
-    p.setFont(f);
+    SetFont(p, 10, false);
     p.setPen(kLegend);
     p.drawText(QRectF(150, 14, 126, 24), Qt::AlignRight | Qt::AlignVCenter,
                QStringLiteral("DIGITAL OPERATOR"));
@@ -160,7 +159,7 @@ void PaintPanel(QPainter& p)
         PaintKey(p, key);
     PaintKnob(p);
 
-    p.setFont(f);
+    SetFont(p, 10, false);
     p.setPen(kLegend);
     p.drawText(QRectF(20, 330, 260, 40), Qt::AlignCenter,
                QStringLiteral("R770 SERIES\nVARIABLE FREQUENCY DRIVE"));
