@@ -53,7 +53,7 @@ CControlPanel::CControlPanel(IExchangeRunner& runner, std::vector<int> stations,
 void CControlPanel::SelectStation(int index)
 {
     m_nStationIndex = index;
-    m_nStation = index >= 0 && index < static_cast<int>(m_stations.size()) ? m_stations[index] : 0;
+    m_nStation = StationAt(m_stations, index);
 }
 
 QString CControlPanel::JogForwardText() const

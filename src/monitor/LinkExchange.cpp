@@ -6,7 +6,12 @@ void LinkExchange::Run(CDriveSerial* link)
 {
     m_bRan = true;
     std::fill(rx.begin(), rx.end(), 0);
-    result = link ? link->SendFrame(tx.data(), tx.size(), rx.data(), rx.size()) : ErrComm;
+    if (!link)
+        result = ErrComm;
+    else if (paced)
+        result = link->SendFrame(tx.data(), tx.size(), rx.data(), rx.size());
+    else
+        result = link->CommandSend(tx.data(), tx.size(), rx.data(), rx.size());
 }
 
 LinkExchange ReadExchange(int station, std::uint16_t reg, int count)

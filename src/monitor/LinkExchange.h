@@ -25,6 +25,7 @@ struct LinkExchange {
     std::array<unsigned char, kRequestLength> tx{};
     std::vector<unsigned char> rx;  // zero-filled, as long as the expected reply
     int result = ErrComm;           // ErrComm until it has run
+    bool paced = true;              // through SendFrame; false: straight to CommandSend
 
     bool Ran() const { return m_bRan; }
     // The register at `index` of a read reply.
@@ -35,12 +36,18 @@ struct LinkExchange {
     }
     bool Ok() const { return result == ErrNone && rx[1] == tx[1]; }
 
-    // Sends the request through SendFrame; no link gives ErrComm.
+    // Sends the request (through SendFrame unless not `paced`); no link gives ErrComm.
     void Run(CDriveSerial* link);
 
 private:
     bool m_bRan = false;
 };
+
+// The station of entry `index` of a window's station list; 0 outside the list.
+inline int StationAt(const std::vector<int>& stations, int index)
+{
+    return index >= 0 && index < static_cast<int>(stations.size()) ? stations[index] : 0;
+}
 
 // A read of `count` registers from `reg`, and a write of one register.
 LinkExchange ReadExchange(int station, std::uint16_t reg, int count);

@@ -1,6 +1,7 @@
 #include "monitor/MonitorUi.h"
 
 #include "monitor/GraphDlg.h"
+#include "monitor/KeyPadDlg.h"
 #include "monitor/MonitorControlDlg.h"
 #include "monitor/MonitorStatusDlg.h"
 #include "shell/CommandIds.h"
@@ -34,6 +35,10 @@ void InstallMonitorCommands(CMainFrame& frame)
     });
     frame.SetCommandHandler(CmdId::Control, [&frame] {
         CMonitorControlDlg dlg(MonitorContextOf(frame), 0, &frame);
+        dlg.exec();
+    });
+    frame.SetCommandHandler(CmdId::KeyPad, [&frame] {
+        CKeyPadDlg dlg(MonitorContextOf(frame), &frame);
         dlg.exec();
     });
 }

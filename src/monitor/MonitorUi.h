@@ -1,7 +1,8 @@
 #pragma once
-// The monitoring commands of the main window: Status opens the status monitor and Control the
-// control panel and Graph Watch the graph, each as a modal dialog on the session's link and
-// stations; the control panel's "Graph" button opens the graph as a window of its own.
+// The monitoring commands of the main window: Status opens the status monitor, Control the
+// control panel, KeyPad the virtual keypad and Graph Watch the graph, each as a modal dialog on
+// the session's link and stations; the control panel's "Graph" button opens the graph as a
+// window of its own.
 
 namespace quillon {
 

@@ -15,11 +15,6 @@ constexpr int PageCount(MonitorPageKind kind)
     return kind == MonitorPageKind::Status ? kStatusPollCount : 1;
 }
 
-int StationAt(const std::vector<int>& stations, int index)
-{
-    return index >= 0 && index < static_cast<int>(stations.size()) ? stations[index] : 0;
-}
-
 }  // namespace
 
 CMonitorPage::CMonitorPage(MonitorPageKind kind, CStatusMonitor& owner)

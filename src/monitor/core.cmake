@@ -5,6 +5,10 @@ target_sources(quillon_core PRIVATE
   ${CMAKE_CURRENT_LIST_DIR}/GraphRecorder.cpp
   ${CMAKE_CURRENT_LIST_DIR}/GraphStore.cpp
   ${CMAKE_CURRENT_LIST_DIR}/GraphStoreData.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/KeyPad.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/KeyPadItems.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/KnobMapping.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/LedDisplay.cpp
   ${CMAKE_CURRENT_LIST_DIR}/LinkExchange.cpp
   ${CMAKE_CURRENT_LIST_DIR}/ParamSetFields.cpp
   ${CMAKE_CURRENT_LIST_DIR}/ScopeGeometry.cpp

@@ -3,6 +3,8 @@
 
 #include "MonitorFixture.h"
 #include "link/Registers.h"
+#include "monitor/KeyPadDlg.h"
+#include "monitor/KeyPadPicture.h"
 #include "monitor/MonitorControlDlg.h"
 #include "monitor/MonitorStatusDlg.h"
 #include "shell/CommandIds.h"
@@ -102,6 +104,46 @@ TEST_F(MonitorWidgetsTest, DeadLineNeverFreezesTheWindow)
     EXPECT_EQ(m_prompt.Messages(), QStringList(3, "TimeOut!"));
 }
 
+TEST_F(MonitorWidgetsTest, KeyPadDrivesTheDriveFromItsPicture)
+{
+    OpenBus();
+    SetDriveRegister(RegRunSource, 2);
+    SetDriveRegister(RegRunSource + 3, 5);  // 00-05
+    SetDriveRegister(RegUpperLimit, 6000);
+    SetDriveRegister(RegLowerLimit, 0);
+    CKeyPadDlg dlg(Context());
+    dlg.show();
+    CKeyPad& keypad = dlg.KeyPad();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return keypad.FreqFromLink(); }, 3000));
+
+    // Drag the knob from its left to its right: 50 Hz goes out when the button comes up.
+    CKeyPadPicture* picture = dlg.Picture();
+    QTest::mousePress(picture, Qt::LeftButton, {}, QPoint(232, 193));
+    QMouseEvent move(QEvent::MouseMove, QPointF(264, 193), picture->mapToGlobal(QPointF(264, 193)),
+                     Qt::NoButton, Qt::LeftButton, {});
+    QApplication::sendEvent(picture, &move);
+    EXPECT_EQ(dlg.FrequencyEdit()->text(), "50.00");
+    QTest::mouseRelease(picture, Qt::LeftButton, {}, QPoint(264, 193));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return DriveRegister(RegMonitorBlock) == 5000; }, 3000));
+    QTest::keyClick(picture, Qt::Key_PageDown);  // the knob by keyboard, 1 Hz down
+    ASSERT_TRUE(QTest::qWaitFor([&] { return DriveRegister(RegMonitorBlock) == 4900; }, 3000));
+
+    // UP shows the output frequency on the LED display; RUN starts the drive.
+    QTest::mouseClick(picture, Qt::LeftButton, {}, QPoint(76, 158));
+    EXPECT_EQ(dlg.DisplayList()->currentText(), "2: Output Frequency");
+    QTest::mouseClick(picture, Qt::LeftButton, {}, QPoint(76, 274));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return keypad.LedText().toDouble() > 5.0; }, 5000));
+    const QImage shown = picture->grab().toImage();
+    const double dpr = shown.devicePixelRatio();  // also run at QT_SCALE_FACTOR=2
+    int lit = 0;
+    for (int x = 100; x < 230; ++x)
+        lit += LitRed(shown.pixelColor(QPointF(x * dpr, 78 * dpr).toPoint()));
+    EXPECT_GT(lit, 10);  // the middle bars of the digits
+    SaveScreenshot(dlg, "keypad.png");
+    EXPECT_TRUE(dlg.TickTimer()->isActive());
+    EXPECT_TRUE(m_prompt.Messages().isEmpty());
+}
+
 TEST(MonitorCommands, StatusAndControlOpenOnTheFramesLinkAndCloseWhatTheyOpened)
 {
     ScriptedPrompt prompt;
@@ -129,6 +171,11 @@ TEST(MonitorCommands, StatusAndControlOpenOnTheFramesLinkAndCloseWhatTheyOpened)
         dlg.reject();
     });
     app.frame->OnCommand(CmdId::Status);
+    OnNextModal<CKeyPadDlg>([&](CKeyPadDlg& dlg) {
+        EXPECT_TRUE(QTest::qWaitFor([&] { return dlg.KeyPad().UpperLimit() > 0; }, 3000));
+        dlg.reject();
+    });
+    app.frame->OnCommand(CmdId::KeyPad);
     EXPECT_TRUE(prompt.Messages().isEmpty());
     app.frame->close();
 }

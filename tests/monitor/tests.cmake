@@ -1,7 +1,8 @@
-# The status monitor and the control panel against the in-process simulated drive.
+# The status monitor, the control panel and the keypad against the in-process simulated drive.
 quillon_add_test(monitor_tests SOURCES
   ${CMAKE_CURRENT_LIST_DIR}/ControlPanelTest.cpp
   ${CMAKE_CURRENT_LIST_DIR}/GraphTest.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/KeyPadTest.cpp
   ${CMAKE_CURRENT_LIST_DIR}/StatusMonitorTest.cpp
 )
 target_link_libraries(monitor_tests PRIVATE link_test_support)
