@@ -59,6 +59,18 @@ if "$bin/quillon-cli" catalogue --model 201 >/dev/null 2>"$work/err"; then
 fi
 grep -q "$share/quillon" "$work/err" || fail "the missing catalogue was not named: $(cat "$work/err")"
 
+# The package, when scripts/package.sh has made one in this build folder, holds the same files.
+deb="$(ls -t "$build"/quillon_*.deb 2>/dev/null | head -n1 || true)"
+if [ -n "$deb" ]; then
+  contents="$(dpkg-deb --contents "$deb")"
+  for f in bin/quillon bin/quillon-cli bin/r770-sim share/quillon/PARAM.DAT \
+           share/quillon/help/index.html share/applications/quillon.desktop \
+           share/icons/hicolor/scalable/apps/quillon.svg share/mime/packages/quillon.xml; do
+    grep -q " \./usr/$f\$" <<<"$contents" || fail "$deb lacks /usr/$f"
+  done
+  echo "dpkg-deb --contents $(basename "$deb"): every file in place"
+fi
+
 if command -v desktop-file-validate >/dev/null; then
   desktop-file-validate "$share/applications/quillon.desktop"
   echo "desktop-file-validate: quillon.desktop passes"
