@@ -27,7 +27,11 @@ for f in PARAM.DAT IntialParam.DAT R770MOTORPARAM.DAT R770.SPE help/index.html; 
 done
 [ -z "$(find "$bin" -type f ! -perm -u+x)" ] || fail "data files in bin/: $(ls "$bin")"
 [ -f "$share/icons/hicolor/scalable/apps/quillon.svg" ] || fail "icon not installed"
-grep -q 'pattern="\*.qpj"' "$share/mime/packages/quillon.xml" || fail "no .qpj MIME type"
+# The desktop's MIME database, built from the staged share/mime, maps *.qpj to the project type.
+if command -v update-mime-database >/dev/null; then
+  update-mime-database "$share/mime"
+  grep -q 'application/x-quillon-project:\*\.qpj' "$share/mime/globs2" || fail "no .qpj MIME type"
+fi
 
 # The CLI reads the installed catalogue; without it, it says so.
 rows="$("$bin/quillon-cli" catalogue --model 201 | wc -l)"
