@@ -37,9 +37,12 @@ bool CInstanceChannel::HandTo(const QString& name, const QString& path) {
 }
 
 bool CInstanceChannel::Listen() {
-    if (m_server->listen(m_name)) return true;
-    if (m_server->serverError() != QAbstractSocket::AddressInUseError) return false;
-    // Nobody answered on it before we came here: a socket file left by a program that ended.
+    // A running program answers on the socket and keeps it; a socket file left by a program that
+    // ended doesn't answer, and is replaced. (Asked first: with its access option the server
+    // would take the name over without a word.)
+    QLocalSocket probe;
+    probe.connectToServer(m_name);
+    if (probe.waitForConnected(kHandOverTimeoutMs)) return false;
     QLocalServer::removeServer(m_name);
     return m_server->listen(m_name);
 }

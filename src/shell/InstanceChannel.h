@@ -26,8 +26,8 @@ public:
     // Hands `path` to the program serving `name`. True when it took it.
     static bool HandTo(const QString& name, const QString& path);
 
-    // Serves the socket from now on, in place of a socket no program answers on. False when it
-    // can't (another program took it in between; the system refuses).
+    // Serves the socket from now on, in place of a socket no program answers on. False when a
+    // running program serves it (a second start without a project) or the system refuses.
     bool Listen();
 
 signals:

@@ -29,7 +29,7 @@ done
 [ -f "$share/icons/hicolor/scalable/apps/quillon.svg" ] || fail "icon not installed"
 # The desktop's MIME database, built from the staged share/mime, maps *.qpj to the project type.
 if command -v update-mime-database >/dev/null; then
-  update-mime-database "$share/mime"
+  update-mime-database "$share/mime" >/dev/null 2>&1
   grep -q 'application/x-quillon-project:\*\.qpj' "$share/mime/globs2" || fail "no .qpj MIME type"
 fi
 

@@ -137,6 +137,8 @@ TEST(App, ProjectHandedToTheRunningProgram) {
 
     CInstanceChannel running(name);
     ASSERT_TRUE(running.Listen());
+    CInstanceChannel bare(name);  // a start without a project leaves the socket to the first
+    EXPECT_FALSE(bare.Listen());
     QSignalSpy handed(&running, &CInstanceChannel::ProjectHandedOver);
     const QString path = QString::fromUtf8("/p/工程 1\r,b.qpj");
     auto second = std::async(std::launch::async, [&] { return CInstanceChannel::HandTo(name, path); });
