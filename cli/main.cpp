@@ -4,6 +4,7 @@
 #include "CliCommand.h"
 #include "CliPrompt.h"
 
+#include "base/DataFiles.h"
 #include "base/Globals.h"
 #include "base/SafeSave.h"
 #include "base/TextTable.h"
@@ -73,7 +74,7 @@ int main(int argc, char** argv) {
             out.flush();
             std::fprintf(stderr, "quillon-cli: %s: %s (%s in %s)\n", c.name,
                          LoadText(TextId::DataFileLost).toUtf8().constData(), e.what(),
-                         g_strAppDir.toUtf8().constData());
+                         DataFolderOf(g_strAppDir, QStringLiteral("PARAM.DAT")).toUtf8().constData());
             return kExitFailed;
         } catch (const std::exception& e) {
             out.flush();

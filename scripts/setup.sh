@@ -17,6 +17,8 @@ PACKAGES=(
   python3-xlwt  # legacy .xls workbooks written by another program, for the .xls import
   # a real window without a display
   xvfb xauth
+  # install and package checks
+  desktop-file-utils
 )
 
 missing=()

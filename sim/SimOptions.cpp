@@ -31,7 +31,7 @@ constexpr OptionSpec kOptions[] = {
     {"freq-class", "n", "Factory defaults for 0 = 50 Hz (default) or 1 = 60 Hz."},
     {"model-word", "n", "Value of register 0x252F (default 0x0100)."},
     {"version", "n", "Software version 13-01 in thousandths (default: the catalogue's)."},
-    {"data-dir", "dir", "Where PARAM.DAT and IntialParam.DAT are (default: beside the program)."},
+    {"data-dir", "dir", "Where PARAM.DAT and IntialParam.DAT are (default: beside the program, else the installed data folder)."},
     {"baud", "rate", "4800, 9600, 19200 or 38400 (default: the drive's 09-02)."},
     {"data-bits", "n", "7 or 8 (default 8)."},
     {"parity", "p", "none, odd or even (default: the drive's 09-04)."},

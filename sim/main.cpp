@@ -1,6 +1,7 @@
 // r770-sim: a simulated bus of R770 drives for tests, benchmarks and demonstrations.
 // See `r770-sim --help`.
 
+#include "base/DataFiles.h"
 #include "sim/Endpoints.h"
 #include "sim/NetworkModule.h"
 #include "sim/SimBus.h"
@@ -34,7 +35,8 @@ int main(int argc, char** argv)
         return 2;
     }
     if (options.bus.dataDir.isEmpty())
-        options.bus.dataDir = QCoreApplication::applicationDirPath();
+        options.bus.dataDir = DataFolderOf(QCoreApplication::applicationDirPath() + u'/',
+                                           QStringLiteral("PARAM.DAT"));
 
     // The servers' threads must not take the stop signals; the main thread waits for them.
     sigset_t stopSignals;

@@ -1,18 +1,16 @@
 #include "base/CommSettings.h"
 
 #include "base/Globals.h"
-#include "base/SafeSave.h"
+#include "base/SessionPlaces.h"
 #include "base/TextConv.h"
 #include "base/TextFile.h"
 
-#include <QDir>
-
 namespace quillon {
 
-// The program directory already ends in a separator, so the name's own separator doubles it;
-// the path still names the same file.
-QString CommSettingsPrimaryPath() { return g_strAppDir + QLatin1String(kCommSettingsName); }
-QString CommSettingsFallbackPath() { return QDir::tempPath() + QLatin1String(kCommSettingsName); }
+std::array<QString, 3> CommSettingsPlaces() {
+    return SessionFilePlaces(g_strAppDir, QLatin1String(kCommSettingsName));
+}
+QString CommSettingsPrimaryPath() { return CommSettingsPlaces()[0]; }
 
 void SaveCommSettings() {
     const QByteArray content =
@@ -20,7 +18,7 @@ void SaveCommSettings() {
                           g_nParityIndex, g_nStopBitsIndex)
             .toUtf8() +
         g_strStationList.toUtf8() + '\n';
-    SaveSessionFile({CommSettingsPrimaryPath(), CommSettingsFallbackPath()}, content);
+    SaveSessionFileAt(CommSettingsPlaces(), content);
 }
 
 void ApplyCommSettingsLines(const std::vector<QString>& lines) {
@@ -37,8 +35,8 @@ void ApplyCommSettingsLines(const std::vector<QString>& lines) {
 }
 
 void LoadCommSettings() {
-    auto lines = ReadTextLines(CommSettingsPrimaryPath());
-    if (!lines) lines = ReadTextLines(CommSettingsFallbackPath());
+    const auto lines = ReadSessionFileAt(CommSettingsPlaces(),
+                                         [](const QString& path) { return ReadTextLines(path); });
     if (lines) ApplyCommSettingsLines(*lines);
 }
 

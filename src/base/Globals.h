@@ -13,7 +13,8 @@ extern int g_nDataBitsIndex;   // 0 = 7 data bits, 1 = 8 data bits
 extern int g_nParityIndex;     // 0 = even, 1 = odd, 2 = none
 extern int g_nStopBitsIndex;   // 0 = 1 stop bit, 1 = 2 stop bits
 extern QString g_strStationList;  // the station list as the user typed it
-extern QString g_strAppDir;    // the program's directory, with its closing separator
+extern QString g_strAppDir;    // the program's directory, with its closing separator (data files
+                               // are looked up from it: DataFiles.h)
 extern int g_nFileVersion;     // version of the last project file loaded
 
 // Puts every value above back to its initial value (start of a session; tests).

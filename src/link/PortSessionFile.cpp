@@ -1,7 +1,7 @@
 #include "link/PortSessionFile.h"
 
 #include "base/Globals.h"
-#include "base/SafeSave.h"
+#include "base/SessionPlaces.h"
 #include "base/TextConv.h"
 #include "base/TextFile.h"
 
@@ -29,14 +29,19 @@ QString LineValue(const QString& value)
 
 }  // namespace
 
+std::array<QString, 3> PortSessionPlaces()
+{
+    return SessionFilePlaces(g_strAppDir, QLatin1String(kPortSessionFileName));
+}
+
 QString PortSessionPrimaryPath()
 {
-    return g_strAppDir + QLatin1String(kPortSessionFileName);
+    return PortSessionPlaces()[0];
 }
 
 QString PortSessionFallbackPath()
 {
-    return QDir::tempPath() + u'/' + QLatin1String(kPortSessionFileName);
+    return PortSessionPlaces()[2];
 }
 
 PortSession ParsePortSession(const std::vector<QString>& lines)
@@ -84,9 +89,8 @@ QByteArray FormatPortSession(const PortSession& session)
 
 std::optional<PortSession> ReadPortSession()
 {
-    auto bytes = ReadSmallFile(PortSessionPrimaryPath());
-    if (!bytes)
-        bytes = ReadSmallFile(PortSessionFallbackPath());
+    const auto bytes =
+        ReadSessionFileAt(PortSessionPlaces(), [](const QString& path) { return ReadSmallFile(path); });
     if (!bytes || bytes->size() < kMinimumFileBytes)
         return std::nullopt;
     return ParsePortSession(SplitTextLines(*bytes));
@@ -94,8 +98,7 @@ std::optional<PortSession> ReadPortSession()
 
 bool WritePortSession(const PortSession& session)
 {
-    return SaveSessionFile({PortSessionPrimaryPath(), PortSessionFallbackPath()},
-                           FormatPortSession(session));
+    return SaveSessionFileAt(PortSessionPlaces(), FormatPortSession(session));
 }
 
 }  // namespace quillon

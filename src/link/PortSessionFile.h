@@ -5,11 +5,12 @@
 //   2. only after "TCPIP": the MAC of the module linked to
 //   3. the number of modules that follow, "%d" (no such line when there are none)
 //   4. per module two lines: its MAC, and its name or a single blank when it has none
-// Read from the program's directory, or from the temporary directory when it can't be opened
-// there; written the same way. A file shorter than 4 bytes is ignored.
+// Kept in the program's folder, else the user's configuration folder, else the temporary folder
+// (SessionPlaces.h); read from the first of them that has it. A file shorter than 4 bytes is ignored.
 
 #include <QByteArray>
 #include <QString>
+#include <array>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -25,8 +26,9 @@ struct PortSession {
     std::vector<std::pair<QString, QString>> names;  // MAC, name (empty when it has none)
 };
 
-QString PortSessionPrimaryPath();
-QString PortSessionFallbackPath();
+std::array<QString, 3> PortSessionPlaces();
+QString PortSessionPrimaryPath();   // the program folder's place
+QString PortSessionFallbackPath();  // the temporary folder's place, the last one
 
 // Junk lines give what can be taken from them: a count larger than the pairs that follow
 // reads the pairs there are.

@@ -1,5 +1,6 @@
 #include "params/M330Doc.h"
 
+#include "base/DataFiles.h"
 #include "base/Globals.h"
 #include "base/Prompt.h"
 #include "base/TextFile.h"
@@ -58,12 +59,14 @@ bool CM330Doc::RowChanged(int group, int row) const {
 }
 
 QString CM330Doc::CataloguePath() const {
-    return m_session.m_strAppDir + QLatin1String(kCatalogueFile);
+    return DataFilePath(m_session.m_strAppDir, QLatin1String(kCatalogueFile));
 }
 QString CM330Doc::MotorListPath() const {
-    return m_session.m_strAppDir + QLatin1String(kMotorListFile);
+    return DataFilePath(m_session.m_strAppDir, QLatin1String(kMotorListFile));
 }
-QString CM330Doc::InitialTablePath() { return g_strAppDir + QLatin1String(kInitialTableFile); }
+QString CM330Doc::InitialTablePath() {
+    return DataFilePath(g_strAppDir, QLatin1String(kInitialTableFile));
+}
 
 void CM330Doc::LoadCatalogue(const QString& path) {
     for (auto& g : m_savedRow) g.fill(0);

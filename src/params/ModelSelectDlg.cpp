@@ -1,5 +1,6 @@
 #include "params/ModelSelectDlg.h"
 
+#include "base/DataFiles.h"
 #include "base/ErrorReport.h"
 
 #include <QComboBox>
@@ -13,7 +14,7 @@ namespace quillon {
 CModelSelectDlg::CModelSelectDlg(SessionState& session, const QString& appDir, QWidget* parent)
     : QDialog(parent),
       m_session(session),
-      m_spec(ReadModelSpec(appDir + QStringLiteral("R770.SPE"))),
+      m_spec(ReadModelSpec(DataFilePath(appDir, QStringLiteral("R770.SPE")))),
       m_description(new QLabel(this)),
       m_frequency(new QComboBox(this)),
       m_model(new QComboBox(this)) {

@@ -16,7 +16,7 @@ namespace quillon {
 class CModelSelectDlg : public QDialog {
     Q_OBJECT
 public:
-    // Reads R770.SPE from `appDir`; a missing file leaves both lists empty.
+    // Reads R770.SPE for the program in `appDir` (DataFilePath); a missing file leaves both lists empty.
     CModelSelectDlg(SessionState& session, const QString& appDir, QWidget* parent = nullptr);
 
     QComboBox* ModelList() const { return m_model; }

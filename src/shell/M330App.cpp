@@ -1,14 +1,17 @@
 #include "shell/M330App.h"
 
 #include "base/CommSettings.h"
+#include "base/ErrorReport.h"
 #include "base/Globals.h"
 #include "shell/AboutDlg.h"
 #include "shell/CommandIds.h"
 #include "shell/HandOver.h"
+#include "shell/InstanceChannel.h"
 #include "shell/MainFrame.h"
 #include "shell/StartupArgs.h"
 #include "ui/IconCachingStyle.h"
 
+#include <QFileInfo>
 #include <exception>
 
 namespace quillon {
@@ -24,10 +27,25 @@ CM330App::CM330App(int& argc, char** argv, Options options)
 
 CM330App::~CM330App() {
     SetPrompt(m_previousPrompt);
+    m_instances.reset();
     m_frame.reset();
 }
 
 bool CM330App::InitInstance() {
+    // 0. A project opened from the file manager goes to the program already running, if any.
+    const QString path = StartupProjectPath(m_options.arguments.isEmpty() ? arguments()
+                                                                          : m_options.arguments);
+    if (m_options.singleInstance) {
+        const QString name = CInstanceChannel::DefaultName();
+        if (!path.isEmpty() && CInstanceChannel::HandTo(name, QFileInfo(path).absoluteFilePath())) {
+            m_handedOver = true;
+            return false;
+        }
+        m_instances = std::make_unique<CInstanceChannel>(name);
+        connect(m_instances.get(), &CInstanceChannel::ProjectHandedOver, this,
+                [this](const QString& handed) { TakeHandedProject(handed); });
+        m_instances->Listen();  // without it, each start simply stays on its own
+    }
     // 1. The recent-project list of the last session.
     m_recent.ReadList();
     // 2. The texts are built into the program, so there is no resource module to fail.
@@ -43,8 +61,6 @@ bool CM330App::InitInstance() {
     m_frame->Session().m_strAppDir = appDir;
     g_strAppDir = appDir;
     // 7. A project named on the command line is opened; a bare "/dde" opens nothing.
-    const QString path = StartupProjectPath(m_options.arguments.isEmpty() ? arguments()
-                                                                          : m_options.arguments);
     if (!path.isEmpty() && !OpenDocumentFile(path)) return false;
     // 8-10. The window, maximised. No keyboard layout is forced: key codes reach the program
     // unchanged whatever the input language.
@@ -75,6 +91,15 @@ void CM330App::OnFileNew() {
 
 bool CM330App::OpenDocumentFile(const QString& path) {
     return m_frame && m_frame->Commands().OpenProjectFile(path);
+}
+
+void CM330App::TakeHandedProject(const QString& path) {
+    if (!m_frame) return;
+    if (m_frame->isMinimized()) m_frame->showMaximized();
+    m_frame->raise();
+    m_frame->activateWindow();
+    GuardedCall([&] { OpenDocumentFile(path); });
+    m_frame->UpdateCommandUI();
 }
 
 }  // namespace quillon

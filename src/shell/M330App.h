@@ -14,6 +14,7 @@
 
 namespace quillon {
 
+class CInstanceChannel;
 class CMainFrame;
 
 class CM330App : public QApplication {
@@ -24,6 +25,7 @@ public:
         QString appDir;         // empty: the executable's directory
         bool showWindow = true;
         QStringList arguments;  // empty: the process's own command line
+        bool singleInstance = false;  // hand a project to a running program, and serve others
     };
 
     CM330App(int& argc, char** argv, Options options);
@@ -32,8 +34,10 @@ public:
 
     void SetOptions(Options options) { m_options = std::move(options); }
 
-    // Start-up in its fixed order. False: the program must end.
+    // Start-up in its fixed order. False: the program must end (HandedOver says whether a
+    // running program took the project instead, which is no failure).
     bool InitInstance();
+    bool HandedOver() const { return m_handedOver; }
     // Writes the recent-file list back.
     void ExitInstance();
 
@@ -50,12 +54,17 @@ public:
     bool OpenDocumentFile(const QString& path);
 
 private:
+    // A project another start handed over: opened in this window, brought to the front.
+    void TakeHandedProject(const QString& path);
+
     Options m_options;
     CRecentFileList m_recent;
     CFrameFeatures m_features;
     QtPrompt m_prompt;
     std::unique_ptr<CMainFrame> m_frame;
     IPrompt* m_previousPrompt = nullptr;
+    std::unique_ptr<CInstanceChannel> m_instances;
+    bool m_handedOver = false;
 };
 
 }  // namespace quillon

@@ -12,6 +12,7 @@
 #include "shell/CommandIds.h"
 #include "shell/CommandTable.h"
 #include "shell/FrameFeatures.h"
+#include "shell/HelpDlg.h"
 #include "shell/M330View.h"
 #include "shell/MenuLayout.h"
 #include "shell/ProjectTree.h"
@@ -22,7 +23,6 @@
 
 #include <QAction>
 #include <QCloseEvent>
-#include <QDesktopServices>
 #include <QDockWidget>
 #include <QDragEnterEvent>
 #include <QDropEvent>
@@ -41,7 +41,6 @@
 namespace quillon {
 namespace {
 
-constexpr const char* kHelpFileName = "R770 help.chm";
 constexpr int kDockWidth = 120;
 constexpr int kDockHeight = 260;
 constexpr int kCommandUiPeriodMs = 200;
@@ -411,9 +410,16 @@ void CMainFrame::LinkWork(const std::function<void()>& job) { RunModalLinkWork(j
 // ---- help, closing, dropped files ----------------------------------------------------------
 
 void CMainFrame::OnHelp() {
-    const QString path = m_strAppDir + QLatin1String(kHelpFileName);
-    if (!QFileInfo::exists(path) || !QDesktopServices::openUrl(QUrl::fromLocalFile(path)))
+    // The manual shipped with the program; the old message stays for a copy without it.
+    const QString path = ManualPath(m_strAppDir);
+    if (!QFileInfo::exists(path)) {
         Prompt().Message(LoadText(TextId::CantFindHelp));
+        return;
+    }
+    if (!m_help) m_help = new CHelpDlg(path, this);
+    m_help->show();
+    m_help->raise();
+    m_help->activateWindow();
 }
 
 void CMainFrame::closeEvent(QCloseEvent* event) {

@@ -30,6 +30,7 @@ class QToolBar;
 namespace quillon {
 
 class CCJTreeCtrl;
+class CHelpDlg;
 class CM330View;
 class CFrameFeatures;
 class CRecentFileList;
@@ -124,6 +125,7 @@ private:
     CLinkSession m_link;
     QMdiArea* m_mdi;
     QPointer<CChildFrame> m_child;
+    QPointer<CHelpDlg> m_help;  // the manual's window, made on the first Help
     QLabel* m_panes[5] = {};
     QDockWidget* m_dock = nullptr;
     QTabWidget* m_tabs = nullptr;

@@ -4,18 +4,26 @@
 #include "base/CommSettings.h"
 #include "base/ErrorReport.h"
 #include "base/Globals.h"
+#include "shell/InstanceChannel.h"
 #include "shell/M330App.h"
 #include "shell/MainFrame.h"
 #include "support/ScriptedPrompt.h"
 #include "support/TestDirs.h"
 
+#include <QDir>
 #include <QFile>
+#include <QSignalSpy>
 #include <QDialog>
 #include <QPushButton>
 #include <QTimer>
 #include <QTest>
 #include <gtest/gtest.h>
+#include <cstring>
+#include <future>
 #include <stdexcept>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
 
 using namespace quillon;
 using quillon::test::ScriptedPrompt;
@@ -110,4 +118,32 @@ TEST(App, NewProjectWithoutCatalogueIsReportedAndTheProgramStaysUp) {
     EXPECT_EQ(frame->Document()->RowAt(13, 0).m_strSetValue, "1P2");
     EXPECT_EQ(frame->StatusPaneText(0), "File name:New Project");
     frame->hide();
+}
+
+// A second start hands its project to the running program, whatever the path holds; a socket a
+// crashed program left behind is taken over instead of blocking every later start.
+TEST(App, ProjectHandedToTheRunningProgram) {
+    const QString name = QStringLiteral("quillon-test-%1").arg(QCoreApplication::applicationPid());
+    const QByteArray socketPath = QFile::encodeName(QDir::tempPath() + u'/' + name);
+    {
+        const int fd = ::socket(AF_UNIX, SOCK_STREAM, 0);
+        sockaddr_un address{};
+        address.sun_family = AF_UNIX;
+        std::strncpy(address.sun_path, socketPath.constData(), sizeof(address.sun_path) - 1);
+        ASSERT_EQ(::bind(fd, reinterpret_cast<sockaddr*>(&address), sizeof(address)), 0);
+        ::close(fd);  // the file stays, nobody answers
+    }
+    EXPECT_FALSE(CInstanceChannel::HandTo(name, "/p/a.qpj"));
+
+    CInstanceChannel running(name);
+    ASSERT_TRUE(running.Listen());
+    CInstanceChannel bare(name);  // a start without a project leaves the socket to the first
+    EXPECT_FALSE(bare.Listen());
+    QSignalSpy handed(&running, &CInstanceChannel::ProjectHandedOver);
+    const QString path = QString::fromUtf8("/p/工程 1\r,b.qpj");
+    auto second = std::async(std::launch::async, [&] { return CInstanceChannel::HandTo(name, path); });
+    ASSERT_TRUE(handed.wait(5000));
+    EXPECT_TRUE(second.get());
+    ASSERT_EQ(handed.size(), 1);
+    EXPECT_EQ(handed[0][0].toString(), path);
 }

@@ -4,6 +4,7 @@
 #include "params/ProjectFile.h"
 #include "shell/ChildFrame.h"
 #include "shell/CommandIds.h"
+#include "shell/HelpDlg.h"
 #include "shell/M330App.h"
 #include "shell/M330View.h"
 #include "shell/MainFrame.h"
@@ -11,7 +12,9 @@
 #include "support/AppSession.h"
 #include "support/ScriptedPrompt.h"
 
+#include <QDir>
 #include <QDockWidget>
+#include <QTextBrowser>
 #include <QLabel>
 #include <QMenuBar>
 #include <QMimeData>
@@ -227,12 +230,26 @@ TEST(MainFrame, ProjectWindowStaysMaximisedAndItsCloseBoxAsks) {
     s.frame->hide();
 }
 
-TEST(MainFrame, HelpFileBesideTheProgram) {
+// The manual shipped beside the program opens in its own window; without it, the old message.
+TEST(MainFrame, HelpShowsTheManualOrSaysItIsMissing) {
     ScriptedPrompt prompt;
     Session s;
-    s.dir.Remove("R770 help.chm");
     s.frame->OnCommand(CmdId::Help);
     EXPECT_EQ(prompt.Messages(), QStringList{"Can't find file Help.chm!"});
+    EXPECT_EQ(s.frame->findChild<CHelpDlg*>(), nullptr);
+
+    ASSERT_TRUE(QDir(s.dir.Path()).mkpath("help"));
+    s.dir.Write("help/index.html", "<html><head><title>Manual</title></head>"
+                                   "<body><h1>Connecting</h1></body></html>");
+    s.frame->OnCommand(CmdId::Help);
+    s.frame->OnCommand(CmdId::Help);  // the same window again
+    EXPECT_EQ(prompt.Messages().size(), 1);
+    const auto windows = s.frame->findChildren<CHelpDlg*>();
+    ASSERT_EQ(windows.size(), 1);
+    EXPECT_TRUE(windows[0]->isVisible());
+    EXPECT_EQ(windows[0]->windowTitle(), "Manual");
+    EXPECT_TRUE(windows[0]->Browser()->toPlainText().contains("Connecting"));
+    windows[0]->close();
 }
 
 TEST(MainFrame, DroppedProjectFileOpens) {

@@ -102,19 +102,33 @@ TEST_F(CommSettingsTest, ThirdLineCountsOnlyWithExactlyThreeCharacters) {
     EXPECT_TRUE(g_strStationList.isEmpty());
 }
 
-TEST_F(CommSettingsTest, UnwritableProgramDirectoryFallsBackOnTheTemporaryDirectory) {
-    g_strAppDir = m_app.Path() + "no-such-dir/";
+// An installed program: its folder can't take files (a file stands where the folder would be,
+// which stops root as well), so both session files go to the user's configuration folder and come
+// back from there; the temporary folder, where older versions put them, is still read last.
+TEST_F(CommSettingsTest, UnwritableProgramFolderKeepsTheSessionFilesInTheConfigFolder) {
+    m_app.Write("blocked", "");
+    g_strAppDir = m_app.File("blocked") + "/";
+    QFile old(m_tmp.Path() + "/kcomfile.ini");
+    ASSERT_TRUE(old.open(QIODevice::WriteOnly) && old.write("5\n0\n100\n5\n") > 0);
+    old.close();
+    LoadCommSettings();
+    EXPECT_EQ(g_nComPort, 5);
+
     g_nComPort = 2;
     g_strStationList = "7";
     SaveCommSettings();
-    EXPECT_TRUE(QFile::exists(m_tmp.Path() + "/kcomfile.ini"));
+    ASSERT_TRUE(WritePortSession(PortSession{"COM3", {}, {}}));
+    EXPECT_TRUE(QFile::exists(m_tmp.ConfigPath() + "/quillon/kcomfile.ini"));
+    EXPECT_TRUE(QFile::exists(m_tmp.ConfigPath() + "/quillon/PZ4comfile.ini"));
     g_nComPort = 0;
     g_strStationList.clear();
     LoadCommSettings();
     EXPECT_EQ(g_nComPort, 2);
     EXPECT_EQ(g_strStationList, "7");
+    ASSERT_TRUE(ReadPortSession());
+    EXPECT_EQ(ReadPortSession()->portText, "COM3");
 
-    // The program directory is tried first when reading as well.
+    // A writable program folder is tried first when reading as well.
     m_app.Write("kcomfile.ini", "9\n2\n110\n9\n");
     g_strAppDir = m_app.Path();
     LoadCommSettings();

@@ -29,18 +29,13 @@ void TempAppDir::Write(const QString& name, const QByteArray& content) const {
     file.write(content);
 }
 
-PrivateTempDir::PrivateTempDir()
-    : m_previous(qgetenv("TMPDIR")), m_hadPrevious(qEnvironmentVariableIsSet("TMPDIR")) {
+PrivateTempDir::PrivateTempDir() {
     EXPECT_TRUE(m_dir.isValid());
-    qputenv("TMPDIR", QFile::encodeName(m_dir.path()));
+    m_tmpEnv = std::make_unique<ScopedEnv>("TMPDIR", QFile::encodeName(m_dir.path()));
+    m_configEnv = std::make_unique<ScopedEnv>("XDG_CONFIG_HOME", QFile::encodeName(ConfigPath()));
 }
 
-PrivateTempDir::~PrivateTempDir() {
-    if (m_hadPrevious)
-        qputenv("TMPDIR", m_previous);
-    else
-        qunsetenv("TMPDIR");
-}
+PrivateTempDir::~PrivateTempDir() = default;
 
 QString PrivateTempDir::Path() const { return m_dir.path(); }
 

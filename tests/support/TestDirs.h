@@ -2,6 +2,8 @@
 // Where tests find the data files, and a private copy of the program directory for tests that
 // change or remove files.
 
+#include "support/ScopedEnv.h"
+
 #include <QString>
 #include <QTemporaryDir>
 #include <memory>
@@ -27,7 +29,8 @@ private:
 
 // Points the process's temporary directory (TMPDIR, which QDir::tempPath() reads) at a private
 // directory for the lifetime of a scope, so that files the program keeps there (curfile.ini,
-// the session files' second place) never meet another process's.
+// the session files' last place) never meet another process's. The user's configuration folder
+// (XDG_CONFIG_HOME, the session files' second place) goes to its "config" subfolder, not made yet.
 class PrivateTempDir {
 public:
     PrivateTempDir();
@@ -35,11 +38,11 @@ public:
     PrivateTempDir(const PrivateTempDir&) = delete;
     PrivateTempDir& operator=(const PrivateTempDir&) = delete;
     QString Path() const;  // without a trailing "/"
+    QString ConfigPath() const { return Path() + QStringLiteral("/config"); }
 
 private:
     QTemporaryDir m_dir;
-    QByteArray m_previous;
-    bool m_hadPrevious;
+    std::unique_ptr<ScopedEnv> m_tmpEnv, m_configEnv;
 };
 
 }  // namespace quillon::test
