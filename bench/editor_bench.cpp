@@ -45,6 +45,8 @@ long RssKb() {
 
 int main(int argc, char** argv) {
     QApplication app(argc, argv);
+    // The offscreen platform's notes on window sizes would drown the figures.
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
     g_strAppDir = argc > 1 ? QString::fromLocal8Bit(argv[1]) + u'/' : app.applicationDirPath() + u'/';
     SessionState session;
     session.m_strAppDir = g_strAppDir;

@@ -32,6 +32,7 @@ CParamEditorDlg::CParamEditorDlg(EditorEnvironment env, QWidget* parent)
 
     m_tabs->setExpanding(false);
     m_tabs->setDrawBase(true);
+    m_tabs->setUsesScrollButtons(false);  // every tab in sight: the window grows to hold them
     auto* pageLayout = new QGridLayout(m_pageArea);
     pageLayout->setContentsMargins(4, 0, 4, 4);
     auto* ok = new QPushButton(QStringLiteral("OK"), this);

@@ -176,6 +176,7 @@ TEST_F(EditorTest, SmallKeyboardTypesIntoTheModalEditorsFieldThroughItsFilter) {
         for (char c : {'5', '5', '.', '.', '2'}) key(c);  // the second point refused
         typed << field->text() << QString::number(field->cursorPosition());
         SaveScreenshot(*pad, "small-keyboard.png");
+        SaveScreenshot(dlg, "small-keyboard-field.png");
         dlg.accept();
         EXPECT_FALSE(pad->isVisible());
     });
