@@ -1,5 +1,6 @@
 #include "AppFeatures.h"
 
+#include "editing/EditorUi.h"
 #include "exchange/ExchangeUi.h"
 #include "exchange/PrintUi.h"
 #include "monitor/MonitorUi.h"
@@ -13,6 +14,7 @@ void RegisterAppFeatures(CFrameFeatures& features) {
     features.Add([](CMainFrame& frame) { InstallPrintAndCompareCommands(frame); });
     features.Add([](CMainFrame& frame) { InstallMonitorCommands(frame); });
     features.Add([](CMainFrame& frame) { InstallExchangeCommands(frame); });
+    RegisterEditorCommands(features);
 }
 
 }  // namespace quillon

@@ -1,15 +1,15 @@
 #pragma once
-// The 33 pages of the parameter editor as data: which rows of which group each page shows, on
-// which tab, and what the page does around a row's write button that is a fact of the page
-// rather than of a parameter. The same parameter can be refused on its full page while the drive
+// The 33 pages of the parameter editor as data: each page's group, tab and tab text, and what the
+// page does around a row's write button that is a fact of the page rather than of a parameter.
+// Which rows a page shows is written once, in the parameter table (ParamSpec::page): the page
+// takes them from there, in row order. The same parameter can be refused on its full page while the drive
 // runs and accepted through its copy in the simplified group: the running test belongs to the
 // page, and the parameter table of params/ notes it on each parameter together with everything
 // else about a single parameter (control, decimals, limits, options, read-only).
 
 #include <QString>
-#include <array>
-#include <cstdint>
 #include <span>
+#include <vector>
 
 namespace quillon {
 
@@ -26,11 +26,12 @@ struct PageSpec {
     int group;               // 0..13, 14 the simplified group
     int tab;                 // position on the editor's tab strip
     const char* tabLiteral;  // the tab's text (tab 0 has the group's name before it)
-    std::array<std::int8_t, kPageRows> rows;  // the group rows shown, in order; -1 after the last
     ReadOnlyTest readOnly;
     bool readsVersion;       // reads RegSoftwareVersion into the document before the write
     bool readsRunSource;     // reads 00-02 into the session's m_nReg0002 before the write
 
+    // The group rows the page shows, in order (from the parameter table).
+    const std::vector<int>& Rows() const;
     int RowCount() const;
     // The group row in slot `slot`, -1 for an empty slot.
     int RowAt(int slot) const;

@@ -29,8 +29,9 @@ CM330View::CM330View(CM330Doc& doc, SessionState& session, QWidget* parent)
     setSelectionMode(QAbstractItemView::SingleSelection);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     connect(this, &QTableWidget::cellDoubleClicked, this, [this](int line, int) {
-        const auto target = LineTarget(line);
-        if (target && target->second >= 0) emit RowActivated(target->first, target->second);
+        if (!m_doc) return;
+        if (const auto target = EditorTargetOfItem(*m_doc, m_session.m_nCurGroup, line))
+            emit RowActivated(target->first, target->second);
     });
     connect(&doc, &CM330Doc::GroupChanged, this, &CM330View::OnGroupChanged);
     FillList();

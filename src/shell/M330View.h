@@ -34,8 +34,9 @@ public:
     std::optional<std::pair<int, int>> LineTarget(int line) const;
 
 signals:
-    // A double click on a parameter line: Edit opens the group's editor on it.
-    void RowActivated(int group, int row);
+    // A double click on a parameter line: the editor opens on `group`, its front tab chosen by
+    // `rowIndex`, which counts listed rows (EditorTargetOfItem).
+    void RowActivated(int group, int rowIndex);
 
 private:
     // The document changed `group`: one refill after the changes in a row are over.

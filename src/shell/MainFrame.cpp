@@ -359,6 +359,7 @@ bool CMainFrame::RunModelSelect() {
 
 void CMainFrame::ShowProjectWindow(CM330Doc& doc) {
     auto* view = new CM330View(doc, m_session);
+    connect(view, &CM330View::RowActivated, this, &CMainFrame::RowEditRequested);
     auto* child = new CChildFrame(view, [this] {
         bool mayClose = false;
         GuardedCall([&] { mayClose = m_commands.OnProjectWindowClose(); });

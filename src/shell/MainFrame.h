@@ -84,6 +84,10 @@ public:
 
     QString m_strAppDir;  // program directory, with its closing separator
 
+signals:
+    // A double click in the project window's list asks for the editor on a group and row.
+    void RowEditRequested(int group, int rowIndex);
+
 protected:
     void closeEvent(QCloseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;

@@ -35,4 +35,26 @@ std::vector<ParamListLine> BuildParamList(const CM330Doc& doc, int group) {
     return lines;
 }
 
+std::optional<std::pair<int, int>> EditorTargetOfItem(const CM330Doc& doc, int group, int item) {
+    if (item <= 0) return std::nullopt;
+    auto listed = [&](int g) {
+        const int rows = static_cast<int>(std::min<size_t>(doc.GroupAt(g).m_rows.size(), kRowsPerGroup));
+        int n = 0;
+        for (int r = 0; r < rows; ++r) n += doc.m_rowExists[g][r] ? 1 : 0;
+        return n;
+    };
+    if (group >= 0) {
+        if (item > listed(group)) return std::nullopt;
+        return std::make_pair(group, item - 1);
+    }
+    int heading = 0;
+    for (int g = 0; g < kSimplifiedGroup; ++g) {
+        const int rows = listed(g);
+        if (item == heading) return std::nullopt;
+        if (item <= heading + rows) return std::make_pair(g, item - heading - 1);
+        heading += rows + 1;
+    }
+    return std::nullopt;
+}
+
 }  // namespace quillon

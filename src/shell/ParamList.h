@@ -7,6 +7,8 @@
 #include "params/M330Doc.h"
 
 #include <QString>
+#include <optional>
+#include <utility>
 #include <vector>
 
 namespace quillon {
@@ -26,5 +28,11 @@ int ListedGroup(int curGroup, int completeParams);
 // The lines for `group` (-1: groups 00 to 13). Raises the range failure for a group the document
 // doesn't have.
 std::vector<ParamListLine> BuildParamList(const CM330Doc& doc, int group);
+
+// The group and row the editor opens on for a double click on list item `item`, or nothing (item 0,
+// a heading, past the last item). The row counts the rows *listed* before it in its group, not
+// the group's rows: behind a gap (02-07 to 02-14 are no parameters) it falls short of the row's
+// number, and the editor brings that row's tab to the front and marks that position.
+std::optional<std::pair<int, int>> EditorTargetOfItem(const CM330Doc& doc, int group, int item);
 
 }  // namespace quillon

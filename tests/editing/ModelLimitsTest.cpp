@@ -1,6 +1,6 @@
 // The model-dependent limits of the editing pages: the quirks the checks hang on, not the table.
 
-#include "editing/ModelLimits.h"
+#include "params/ModelLimits.h"
 
 #include <gtest/gtest.h>
 
