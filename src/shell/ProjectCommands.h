@@ -37,7 +37,6 @@ public:
 };
 
 inline constexpr const char* kNewProjectTitle = "New Project";
-inline constexpr const char* kSaveModifiedQuestion = "The file has been modified,save it or not?";
 
 // "Project File(*.qpj)": the filter of the open and save dialogs.
 QString ProjectFileFilter();

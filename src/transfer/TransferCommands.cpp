@@ -9,7 +9,6 @@
 #include "link/RegisterReaders.h"
 #include "params/M330Doc.h"
 #include "params/ModelTable.h"
-#include "shell/ProjectCommands.h"
 #include "transfer/GroupRead.h"
 #include "transfer/Password.h"
 #include "transfer/TransferWindows.h"
