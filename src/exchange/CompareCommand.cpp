@@ -14,7 +14,7 @@ bool CCompareCommand::ReadDrive(int station) {
     CDriveSerial* link = m_transfer.Link();
     if (!doc || !link) return false;
     IProgress& progress = m_transfer.Progress();
-    if (!progress.IsVisible()) progress.Show(QString::fromLatin1(kCompareReadTitle));
+    if (!progress.IsVisible()) progress.Show(QString::fromLatin1(kReadProgressTitle));
     // Auto refresh can't be switched while the read runs.
     m_session.m_bReading = 1;
     // The frames go out as link work, the way the Read command sends them.

@@ -42,6 +42,9 @@ bool ReadGroupRegisters(CDriveSerial& link, int station, int group, GroupReadout
 // document doesn't have raises the range failure.
 void ApplyReadout(CM330Doc& doc, const GroupReadout& readout);
 
+// The progress window's title over a full read.
+inline constexpr const char* kReadProgressTitle = "Read Inverter function parameter...,";
+
 // The fifteen group reads of `station` under the windows' progress window: range 0 to 15, the
 // label before each group, the position after each. Each group's frames go out as link work of
 // `windows`; its values reach the rows here, on the interface thread, before the next group, and

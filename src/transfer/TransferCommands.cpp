@@ -16,7 +16,6 @@
 namespace quillon {
 namespace {
 
-const char* const kReadProgressTitle = "Read Inverter function parameter...,";
 const char* const kWriteProgressTitle = "Write Inverter function parameter...,";
 const char* const kModelMismatch = "Inverter's type may be not match you select type.Continue ?";
 const char* const kDriveRunning = "INV is running,please stop it first.";
