@@ -34,19 +34,11 @@ struct Project {
     std::unique_ptr<CM330Doc> doc;
 };
 
-// Opens a project file as the program does; false with the reason.
-bool OpenProject(const QString& path, Project& project, QString& why) {
+// Opens a project file as the program does; false after the reason on stderr.
+bool OpenProject(const char* command, const QString& path, Project& project) {
     project.session.m_strAppDir = g_strAppDir;
-    project.doc = std::make_unique<CM330Doc>(project.session);
-    try {
-        const ProjectOpenResult result = OpenProjectDocument(*project.doc, path);
-        if (!result.ok) why = result.error;
-        else if (result.version > kProjectFileVersion) why = project.doc->m_strLoadError;
-    } catch (const std::out_of_range&) {
-        why = QStringLiteral("the file keeps values for rows the catalogue beside the program "
-                             "doesn't have");
-    }
-    return why.isEmpty();
+    project.doc = OpenProjectFile(command, path, project.session);
+    return project.doc != nullptr;
 }
 
 // A new project of the model with this display name; false when no model has it.
@@ -83,7 +75,7 @@ int RunExport(const QStringList& args, QTextStream&) {
         return UsageError(QStringLiteral("export: OUT must end in .csv or .xlsx"));
     const QString input = args[o == 0 ? 2 : 0];
     Project project;
-    if (!OpenProject(input, project, error)) return Failed("export", input, error);
+    if (!OpenProject("export", input, project)) return kExitFailed;
     if (!WriteParamFile(*project.doc, *format, output, QDateTime::currentDateTime(), error))
         return Failed("export", output, error);
     return kExitOk;
@@ -111,7 +103,7 @@ int RunImport(const QStringList& args, QTextStream&) {
 
     Project project;
     if (base) {
-        if (!OpenProject(*base, project, error)) return Failed("import", *base, error);
+        if (!OpenProject("import", *base, project)) return kExitFailed;
     } else if (*format == ExportFormat::Excel) {
         // Without a base, a workbook makes a new project of the model it names.
         const auto book = ReadWorkbookFile(input, error);

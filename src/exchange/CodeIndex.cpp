@@ -8,14 +8,15 @@ CCodeIndex::CCodeIndex(CM330Doc& doc, int group) {
         auto& rows = doc.m_groups[g].m_rows;
         for (size_t r = 0; r < rows.size() && r < kRowsPerGroup; ++r)
             if (doc.m_rowExists[g][r] && rows[r].m_strCode.size() >= 5)
-                m_slots[rows[r].m_strCode.left(5)].rows.push_back(&rows[r]);
+                m_slots[rows[r].m_strCode.left(5)].rows.push_back(
+                    RowRef{static_cast<int>(g), static_cast<int>(r)});
     }
 }
 
-ParamRow* CCodeIndex::Take(const QString& code) {
-    if (code.size() < 5) return nullptr;
+std::optional<RowRef> CCodeIndex::Take(const QString& code) {
+    if (code.size() < 5) return std::nullopt;
     const auto it = m_slots.find(code.left(5));
-    if (it == m_slots.end() || it->next >= it->rows.size()) return nullptr;
+    if (it == m_slots.end() || it->next >= it->rows.size()) return std::nullopt;
     return it->rows[it->next++];
 }
 

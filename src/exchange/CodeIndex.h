@@ -7,9 +7,16 @@
 
 #include <QHash>
 #include <QString>
+#include <optional>
 #include <vector>
 
 namespace quillon {
+
+// A row by its place: what the document's setters take.
+struct RowRef {
+    int group;
+    int row;
+};
 
 class CCodeIndex {
 public:
@@ -17,12 +24,12 @@ public:
     explicit CCodeIndex(CM330Doc& doc, int group = -1);
 
     // The next row not yet taken whose code begins with the first five characters of `code`;
-    // nullptr when there is none or `code` is shorter than five characters.
-    ParamRow* Take(const QString& code);
+    // nullopt when there is none or `code` is shorter than five characters.
+    std::optional<RowRef> Take(const QString& code);
 
 private:
     struct Slot {
-        std::vector<ParamRow*> rows;
+        std::vector<RowRef> rows;
         size_t next = 0;
     };
     QHash<QString, Slot> m_slots;

@@ -14,15 +14,15 @@ bool CCompareCommand::ReadDrive(int station) {
     CDriveSerial* link = m_transfer.Link();
     if (!doc || !link) return false;
     IProgress& progress = m_transfer.Progress();
-    if (!progress.IsVisible()) progress.Show(QString::fromLatin1(kCompareReadTitle));
+    if (!progress.IsVisible()) progress.Show(QString::fromLatin1(kReadProgressTitle));
     // Auto refresh can't be switched while the read runs.
     m_session.m_bReading = 1;
-    CGroupReader reader(*link, *doc, m_session.m_strLastError);
-    const int ok = reader.ReadAllGroups(station, progress);
+    // The frames go out as link work, the way the Read command sends them.
+    const bool ok = ReadAllGroups(m_transfer, *link, *doc, station, m_session.m_strLastError);
     m_session.m_bReading = 0;
     progress.Hide();
     if (!ok) Prompt().Message(m_session.m_strLastError);
-    return ok != 0;
+    return ok;
 }
 
 bool CCompareCommand::OnCompare() {

@@ -12,8 +12,6 @@ namespace quillon {
 struct SessionState;
 class ITransferWindows;
 
-inline constexpr const char* kCompareReadTitle = "Read Inverter function parameter...,";
-
 // The windows of the command: the choice dialog and the list window.
 class ICompareWindows {
 public:

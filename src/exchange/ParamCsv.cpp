@@ -69,7 +69,7 @@ bool ImportParamCsv(CM330Doc& doc, const std::vector<QString>& lines, ImportMatc
     for (int i = kFirstValueLine; i < static_cast<int>(lines.size()); ++i) {
         const QStringList fields = ValueFields(lines[i]);
         if (fields.isEmpty()) return SayBadLine(i, lines[i]), false;
-        ParamRow* row = nullptr;
+        std::optional<RowRef> row;
         if (match == ImportMatch::ByCode) {
             row = index.Take(fields[0]);
         } else {
@@ -77,11 +77,12 @@ bool ImportParamCsv(CM330Doc& doc, const std::vector<QString>& lines, ImportMatc
                 ++g;
                 r = 0;
             }
-            row = &doc.RowAt(g, r++);
-            if (fields[0].size() < 5 || fields[0].left(5) != row->m_strCode.left(5)) row = nullptr;
+            const QString& code = doc.RowAt(g, r).m_strCode;
+            if (fields[0].size() >= 5 && fields[0].left(5) == code.left(5)) row = RowRef{g, r};
+            ++r;
         }
         if (!row) return SayBadLine(i, lines[i]), false;
-        row->m_strSetValue = fields[1];
+        doc.SetSetValue(row->group, row->row, fields[1]);
     }
     Prompt().Message(QString::fromUtf8(ExchangeText::ImportSuccess), MessageKind::Information);
     return true;

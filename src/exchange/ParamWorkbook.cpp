@@ -109,15 +109,16 @@ bool ImportParamWorkbook(CM330Doc& doc, const Workbook& book, ImportMatch match)
         CCodeIndex index(doc, g);
         for (int at = table.headerRow + kFirstDataRow, i = 0; at <= table.lastRow; ++at, ++i) {
             const QString code = table.sheet->Cell(at, table.columns[0]);
-            ParamRow* row = nullptr;
+            std::optional<RowRef> row;
             if (match == ImportMatch::ByCode) {
                 row = index.Take(code);
             } else if (i < existing) {
-                row = &doc.RowAt(g, Atoi(code.mid(3, 2)));
+                row = RowRef{g, Atoi(code.mid(3, 2))};
             }
             if (!row) continue;
-            row->m_strDefault = table.sheet->Cell(at, table.columns[1]);
-            row->m_strSetValue = table.sheet->Cell(at, table.columns[2]);
+            // The default has no setter of its own; the set value's announces the row's group.
+            doc.RowAt(row->group, row->row).m_strDefault = table.sheet->Cell(at, table.columns[1]);
+            doc.SetSetValue(row->group, row->row, table.sheet->Cell(at, table.columns[2]));
         }
     }
     Prompt().Message(QString::fromUtf8(ExchangeText::ImportSuccess), MessageKind::Information);

@@ -17,6 +17,9 @@ inline constexpr const char* kCatalogueFile = "PARAM.DAT";
 inline constexpr const char* kInitialTableFile = "IntialParam.DAT";
 inline constexpr const char* kMotorListFile = "R770MOTORPARAM.DAT";
 
+// Asked before a modified project is closed or replaced, also by a Read from a drive.
+inline constexpr const char* kSaveModifiedQuestion = "The file has been modified,save it or not?";
+
 // The three titles of the printed parameter list, set in "Print Title Set" and kept in the
 // project file. They belong to the project's view; the document carries them so that the file
 // can be read and written without a window.

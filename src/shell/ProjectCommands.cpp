@@ -71,25 +71,24 @@ void CProjectCommands::OnFileNew() {
     ModelFromName(m_session.m_strModelName.trimmed(), code, capacity);
     if (code < 0) return;  // not one of the 19 models: nothing happens
     m_session.m_nModelCode = code;
-    m_session.m_strProjectPath.clear();
-    m_session.m_nCurGroup = -1;
-
-    auto doc = std::make_unique<CM330Doc>(m_session);
-    doc->OnNewDocument();
-    TakeDocument(std::move(doc), NewProjectTitle());
+    TakeNewDocument();
     rollback.Commit();
     m_windows.RebuildTree();
 }
 
 void CProjectCommands::NewDocumentForLinkedDrive() {
     SessionRollback rollback(m_session);
+    TakeNewDocument();
+    rollback.Commit();
+    m_windows.RebuildTree();
+}
+
+void CProjectCommands::TakeNewDocument() {
     m_session.m_strProjectPath.clear();
     m_session.m_nCurGroup = -1;
     auto doc = std::make_unique<CM330Doc>(m_session);
     doc->OnNewDocument();
     TakeDocument(std::move(doc), NewProjectTitle());
-    rollback.Commit();
-    m_windows.RebuildTree();
 }
 
 void CProjectCommands::OnFileOpen() {

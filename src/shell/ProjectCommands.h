@@ -37,7 +37,6 @@ public:
 };
 
 inline constexpr const char* kNewProjectTitle = "New Project";
-inline constexpr const char* kSaveModifiedQuestion = "The file has been modified,save it or not?";
 
 // "Project File(*.qpj)": the filter of the open and save dialogs.
 QString ProjectFileFilter();
@@ -87,6 +86,8 @@ private:
     // The document's open: refused under auto refresh, then a new document read from `path`.
     std::unique_ptr<CM330Doc> OnOpenDocument(const QString& path);
     void TakeDocument(std::unique_ptr<CM330Doc> doc, const QString& title);
+    // A new document for the session's model, without a path and with no group shown.
+    void TakeNewDocument();
     // Panes 0 and 3 from the project that is open (or none): the one place that sets them.
     void ShowProjectPanes();
     // Destroys the project window and the document; the session forgets its path and model.

@@ -31,6 +31,28 @@ void ApplyReadout(CM330Doc& doc, const GroupReadout& readout) {
                          FormatRegister(ReadFormatOf(readout.group, v.row), v.value));
 }
 
+bool ReadAllGroups(ITransferWindows& windows, CDriveSerial& link, CM330Doc& doc, int station,
+                   QString& lastError) {
+    IProgress& progress = windows.Progress();
+    progress.SetRange(0, kRegisterGroupCount);
+    progress.SetPos(0);
+    for (int g = 0; g < kRegisterGroupCount; ++g) {
+        progress.SetLabel(ReadProgressLabel(g, station));
+        GroupReadout readout;
+        QString error;
+        const bool ok =
+            OnLink(windows, [&] { return ReadGroupRegisters(link, station, g, readout, error); });
+        ApplyReadout(doc, readout);
+        if (!ok) {
+            lastError = error;
+            progress.Hide();
+            return false;
+        }
+        progress.SetPos(g + 1);
+    }
+    return true;
+}
+
 void CopyReadToSetValues(CM330Doc& doc, bool existingOnly) {
     for (int g = 0; g < static_cast<int>(doc.m_groups.size()); ++g) {
         const auto& rows = doc.GroupAt(g).m_rows;
@@ -70,20 +92,6 @@ const std::array<CGroupReader::Routine, kRegisterGroupCount>& CGroupReader::Rout
         &CGroupReader::ReadGroup12, &CGroupReader::ReadGroup13, &CGroupReader::ReadGroupFxx,
     };
     return kRoutines;
-}
-
-int CGroupReader::ReadAllGroups(int station, IProgress& progress) {
-    progress.SetRange(0, kRegisterGroupCount);
-    progress.SetPos(0);
-    for (int g = 0; g < kRegisterGroupCount; ++g) {
-        progress.SetLabel(ReadProgressLabel(g, station));
-        if (!(this->*Routines()[static_cast<std::size_t>(g)])(station)) {
-            progress.Hide();
-            return 0;
-        }
-        progress.SetPos(g + 1);
-    }
-    return 1;
 }
 
 }  // namespace quillon

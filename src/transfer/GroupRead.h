@@ -19,7 +19,7 @@ namespace quillon {
 
 class CDriveSerial;
 class CM330Doc;
-class IProgress;
+class ITransferWindows;
 
 struct RegisterValue {
     int row;
@@ -41,6 +41,17 @@ bool ReadGroupRegisters(CDriveSerial& link, int station, int group, GroupReadout
 // Writes the display text of every value into its row's read value, and only there. A row the
 // document doesn't have raises the range failure.
 void ApplyReadout(CM330Doc& doc, const GroupReadout& readout);
+
+// The progress window's title over a full read.
+inline constexpr const char* kReadProgressTitle = "Read Inverter function parameter...,";
+
+// The fifteen group reads of `station` under the windows' progress window: range 0 to 15, the
+// label before each group, the position after each. Each group's frames go out as link work of
+// `windows`; its values reach the rows here, on the interface thread, before the next group, and
+// what came before a failed frame is kept. The first failure hides the window and leaves its
+// text in `lastError`. The Read and Compare commands share it.
+bool ReadAllGroups(ITransferWindows& windows, CDriveSerial& link, CM330Doc& doc, int station,
+                   QString& lastError);
 
 // The project becomes what the drive holds: every row's read value becomes its set value, and
 // the changed marks clear. The Read command copies the rows of the catalogue only, auto refresh
@@ -80,10 +91,6 @@ public:
     // The fifteen routines in their order: 00 to 13, then Fxx.
     using Routine = int (CGroupReader::*)(int);
     static const std::array<Routine, kRegisterGroupCount>& Routines();
-
-    // All fifteen with the progress window: range 0 to 15, the label before each group, the
-    // position after each success. The first failure hides the window and returns 0.
-    int ReadAllGroups(int station, IProgress& progress);
 
 private:
     CDriveSerial& m_link;

@@ -9,7 +9,6 @@
 #include "params/M330Doc.h"
 #include "params/ModelLimits.h"
 #include "params/ModelTable.h"
-#include "shell/ProjectCommands.h"
 #include "transfer/GroupRead.h"
 #include "transfer/Password.h"
 #include "transfer/TransferWindows.h"
@@ -17,7 +16,6 @@
 namespace quillon {
 namespace {
 
-const char* const kReadProgressTitle = "Read Inverter function parameter...,";
 const char* const kWriteProgressTitle = "Write Inverter function parameter...,";
 const char* const kModelMismatch = "Inverter's type may be not match you select type.Continue ?";
 const char* const kDriveRunning = "INV is running,please stop it first.";
@@ -68,29 +66,6 @@ bool CTransferCommands::IdentifyForRead(int station, int& capacity) {
     return true;
 }
 
-bool CTransferCommands::ReadAllGroups(CDriveSerial& link, CM330Doc& doc, IProgress& progress) {
-    const int station = m_nReadStation;
-    progress.SetRange(0, kRegisterGroupCount);
-    progress.SetPos(0);
-    for (int g = 0; g < kRegisterGroupCount; ++g) {
-        progress.SetLabel(ReadProgressLabel(g, station));
-        // The frames go out as link work; the values reach the rows here, before the next
-        // group, and what came before a failed frame is kept.
-        GroupReadout readout;
-        QString error;
-        const bool ok =
-            OnLink(m_windows, [&] { return ReadGroupRegisters(link, station, g, readout, error); });
-        ApplyReadout(doc, readout);
-        if (!ok) {
-            m_session.m_strLastError = error;
-            progress.Hide();
-            return false;
-        }
-        progress.SetPos(g + 1);
-    }
-    return true;
-}
-
 bool CTransferCommands::OnRead() {
     const std::optional<int> station =
         Prompt().ChooseStation(QString::fromLatin1(kReadDlgCaption), m_session.m_stations);
@@ -121,7 +96,7 @@ bool CTransferCommands::OnRead() {
     doc->ReloadCatalogue();
     doc->ApplyRatedDefaults(false);
 
-    if (!ReadAllGroups(*link, *doc, progress)) {
+    if (!ReadAllGroups(m_windows, *link, *doc, m_nReadStation, m_session.m_strLastError)) {
         Prompt().Message(m_session.m_strLastError);
         m_session.m_bReading = 0;
         return false;

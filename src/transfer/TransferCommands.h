@@ -16,9 +16,6 @@
 namespace quillon {
 
 struct SessionState;
-class CDriveSerial;
-class CM330Doc;
-class IProgress;
 class ITransferWindows;
 
 // The station dialogs (CReadDlg, CStationSelectDlg): the prompt's station chooser, a drop-down
@@ -50,10 +47,6 @@ public:
     const WriteSnapshot& Snapshot() const { return m_snapshot; }
 
 private:
-    // The fifteen group reads under the progress window: range 0 to 15, the label before each
-    // group, the position after each. The first failure hides the window, its text in
-    // m_strLastError.
-    bool ReadAllGroups(CDriveSerial& link, CM330Doc& doc, IProgress& progress);
     bool SaveBeforeRead();
     bool IdentifyForRead(int station, int& capacity);
 

@@ -79,6 +79,8 @@ TEST_F(CompareTest, SetAgainstReadReadsTheDriveAndListsGapRowsToo) {
     ASSERT_TRUE(m_command.OnCompare());
     EXPECT_TRUE(m_compare.linked);
     EXPECT_EQ(ReadStarts().size(), 26u);  // the fifteen group routines, nothing else
+    EXPECT_EQ(m_windows.progress.title, "Read Inverter function parameter...,");
+    EXPECT_EQ(m_windows.progress.positions.back(), 15);
     EXPECT_FALSE(m_windows.progress.visible);
     EXPECT_EQ(Row(0, 11).m_strSetValue, "50.00");  // a compare leaves the project alone
     EXPECT_EQ(Row(0, 11).m_strReadValue, "40.00");

@@ -7,6 +7,7 @@
 #include "params/Archive.h"
 
 #include <gtest/gtest.h>
+#include <set>
 
 using namespace quillon;
 using quillon::test::ExchangeFixture;
@@ -61,8 +62,12 @@ TEST(ParamCsv, ImportResetsTheDocumentThenStopsAtTheGapOrMatchesByCode) {
     EXPECT_NE(doc->RowAt(5, 1).m_strSetValue, "junk");                          // reset first
     EXPECT_TRUE(doc->IsModified());
 
+    // The views hear of each group the import writes into, as of an edit.
+    std::set<int> announced;
+    QObject::connect(doc.get(), &CM330Doc::GroupChanged, [&](int g) { announced.insert(g); });
     EXPECT_TRUE(ImportParamCsv(*doc, lines, ImportMatch::ByCode));
     EXPECT_EQ(test::SetValues(*doc), test::SetValues(*source));
+    EXPECT_TRUE(announced.count(0) && announced.count(2) && announced.count(5));
     EXPECT_EQ(f.prompt.Messages().last(), "Import success.");
 }
 

@@ -5,6 +5,9 @@
 #include "base/Globals.h"
 #include "base/StatusPanes.h"
 #include "base/TextTable.h"
+#include "exchange/CompareDlg.h"
+#include "exchange/CompareUi.h"
+#include "exchange/PrintUi.h"
 #include "link/ChannelFactory.h"
 #include "shell/CommandIds.h"
 #include "shell/MainFrame.h"
@@ -270,6 +273,19 @@ TEST_F(SlowDriveTest, ReadKeepsTheWindowsAliveAndShowsItsProgress) {
     EXPECT_GE(positions.size(), 8u);
     EXPECT_GE(labels.size(), 8u);
     EXPECT_FALSE(closed);
+}
+
+// Compare's drive read is the Read command's: its frames are link work too.
+TEST_F(SlowDriveTest, CompareReadKeepsTheWindowsAlive) {
+    m_prompt.Station(1);
+    OnNextModal<CCompareSelectDlg>([](CCompareSelectDlg& d) { d.accept(); });
+    UiBeat beat;
+    m_app.frame->OnCommand(CmdId::Compare);
+    EXPECT_LT(beat.LongestGapMs(), 150);
+    EXPECT_TRUE(m_prompt.Messages().isEmpty());
+    EXPECT_EQ(CompareUiOf(*m_app.frame)->Command().Mode(), kCompareSetRead);
+    EXPECT_TRUE(CompareUiOf(*m_app.frame)->Window()->isVisible());
+    EXPECT_FALSE(Transfer().ProgressWindow()->isVisible());
 }
 
 }  // namespace
