@@ -2,8 +2,11 @@
 
 #include "exchange/ExchangeUi.h"
 #include "exchange/PrintUi.h"
+#include "link/FrameLogDlg.h"
 #include "monitor/MonitorUi.h"
+#include "shell/CommandIds.h"
 #include "shell/FrameFeatures.h"
+#include "shell/MainFrame.h"
 #include "transfer/TransferUi.h"
 
 namespace quillon {
@@ -13,6 +16,9 @@ void RegisterAppFeatures(CFrameFeatures& features) {
     features.Add([](CMainFrame& frame) { InstallPrintAndCompareCommands(frame); });
     features.Add([](CMainFrame& frame) { InstallMonitorCommands(frame); });
     features.Add([](CMainFrame& frame) { InstallExchangeCommands(frame); });
+    features.Add([](CMainFrame& frame) {
+        frame.SetCommandHandler(CmdId::FrameLog, [&frame] { CFrameLogDlg::ShowFor(&frame); });
+    });
 }
 
 }  // namespace quillon

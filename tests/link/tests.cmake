@@ -10,6 +10,7 @@ target_include_directories(link_test_support PUBLIC ${CMAKE_CURRENT_LIST_DIR})
 
 quillon_add_test(link_tests SOURCES
   ${CMAKE_CURRENT_LIST_DIR}/DriveSerialSimTest.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/FrameLogTest.cpp
   ${CMAKE_CURRENT_LIST_DIR}/ModbusFrameTest.cpp
   ${CMAKE_CURRENT_LIST_DIR}/PortMapTest.cpp
   ${CMAKE_CURRENT_LIST_DIR}/PtyTransportTest.cpp
