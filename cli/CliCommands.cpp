@@ -68,6 +68,12 @@ std::span<const CliCommand> Commands() {
          "write one parameter as its row's write button does, with every guard and rule; the "
          "rest of its page from the project or a new one (model 1205 unless --model)",
          &RunPageWrite},
+        {"backup",
+         "(--port COMn | --tcp HOST[:PORT])... --stations LIST -o DIR [--baud B] [--data 7|8] "
+         "[--parity none|odd|even] [--stop 1|2]",
+         "read every station of LIST (e.g. 1-4,7) on every link into DIR/LINK-STATION.qpj, the "
+         "links in parallel; a summary table at the end, exit 1 if any station failed",
+         &RunBackup},
     };
     return kCommands;
 }
