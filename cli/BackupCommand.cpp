@@ -38,6 +38,10 @@ int RunBackup(const QStringList& args, QTextStream& out) {
             LinkOptions link;
             if (const QString e = ApplyLinkOption(command, name, value, link); !e.isEmpty())
                 return UsageError(e);
+            // One worker per line: a line named twice would be opened twice.
+            for (const LinkTarget& t : targets)
+                if (LinkFileName(t) == LinkFileName(link))
+                    return UsageError(QStringLiteral("backup: %1 is named twice").arg(value));
             targets.push_back(link);
         } else if (const QString e = ApplyLinkOption(command, name, value, line); !e.isEmpty()) {
             return UsageError(e);
