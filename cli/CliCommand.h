@@ -46,6 +46,7 @@ int RunWrite(const QStringList& args, QTextStream& out);
 int RunControl(const QStringList& args, QTextStream& out);
 int RunStatus(const QStringList& args, QTextStream& out);
 int RunRecord(const QStringList& args, QTextStream& out);
+int RunBackup(const QStringList& args, QTextStream& out);
 
 // A project file opened the way the program opens it, for `command`; nullptr after the reason on
 // stderr. `version` receives the file's version field.

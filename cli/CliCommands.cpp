@@ -75,6 +75,12 @@ std::span<const CliCommand> Commands() {
          "window does and write them as a graph CSV file (default channels: set and output frequency, "
          "output voltage and current); Ctrl-C ends early and still writes",
          &RunRecord},
+        {"backup",
+         "(--port COMn | --tcp HOST[:PORT])... --stations LIST -o DIR [--baud B] [--data 7|8] "
+         "[--parity none|odd|even] [--stop 1|2]",
+         "read every station of LIST (e.g. 1-4,7) on every link into DIR/LINK-STATION.qpj, the "
+         "links in parallel; a summary table at the end, exit 1 if any station failed",
+         &RunBackup},
     };
     return kCommands;
 }

@@ -1,6 +1,7 @@
 #include "TransferCli.h"
 
 #include "base/Globals.h"
+#include "link/FrameLog.h"
 #include "link/LineSettings.h"
 #include "link/ModbusFrame.h"
 #include "link/PortMap.h"
@@ -35,65 +36,94 @@ bool Number(const QString& text, int& value) {
     return ok;
 }
 
+// The frame log of this command, from --log-frames to the end of the process.
+struct FrameLogHolder {
+    std::unique_ptr<CFrameLogFile> file;
+    ~FrameLogHolder() {
+        if (file) SetFrameSink(nullptr);
+    }
+};
+
+std::unique_ptr<CFrameLogFile>& FrameLogFile() {
+    static FrameLogHolder holder;
+    return holder.file;
+}
+
 }  // namespace
+
+bool IsLinkOption(const QString& name) {
+    static const QStringList valued{"--port", "--tcp",    "--station", "--baud",
+                                    "--data", "--parity", "--stop",    "--log-frames"};
+    return valued.contains(name);
+}
+
+QString ApplyLinkOption(const QString& command, const QString& name, const QString& value,
+                        LinkOptions& o) {
+    int n = 0;
+    if (name == QLatin1String("--port")) {
+        if (!o.port.isEmpty())
+            return QStringLiteral("%1: give one of --port and --tcp").arg(command);
+        o.port = value.toUpper();
+        if (ComNumberFromName(o.port) == 0)
+            return QStringLiteral("%1: --port takes a name such as COM1").arg(command);
+    } else if (name == QLatin1String("--tcp")) {
+        if (!o.port.isEmpty())
+            return QStringLiteral("%1: give one of --port and --tcp").arg(command);
+        const QStringList parts = value.split(u':');
+        int port = 0;
+        if (parts.size() > 2 ||
+            (parts.size() == 2 && (!Number(parts[1], port) || port < 1 || port > 65535)))
+            return QStringLiteral("%1: --tcp takes HOST or HOST:PORT").arg(command);
+        const auto address = HostAddress(parts.front());
+        if (!address) return QStringLiteral("%1: unknown host '%2'").arg(command, parts.front());
+        o.port = QStringLiteral("TCPIP");
+        o.peer.m_nAddress = *address;
+        o.peer.m_nPort = static_cast<std::uint16_t>(port);
+    } else if (name == QLatin1String("--station")) {
+        if (!Number(value, n) || n < 1 || n > 32)
+            return QStringLiteral("%1: --station takes a number from 1 to 32").arg(command);
+        o.station = n;
+    } else if (name == QLatin1String("--baud")) {
+        if (!Number(value, n) || !IsDriveBaudRate(n))
+            return QStringLiteral("%1: --baud takes 4800, 9600, 19200 or 38400").arg(command);
+        o.baud = n;
+    } else if (name == QLatin1String("--data")) {
+        if (!Number(value, n) || (n != 7 && n != 8))
+            return QStringLiteral("%1: --data takes 7 or 8").arg(command);
+        o.dataBits = n;
+    } else if (name == QLatin1String("--parity")) {
+        const qsizetype p = QStringList{"none", "odd", "even"}.indexOf(value.toLower());
+        if (p < 0) return QStringLiteral("%1: --parity takes none, odd or even").arg(command);
+        o.parity = static_cast<int>(p);
+    } else if (name == QLatin1String("--stop")) {
+        if (!Number(value, n) || (n != 1 && n != 2))
+            return QStringLiteral("%1: --stop takes 1 or 2").arg(command);
+        o.stopBits = n;
+    } else if (name == QLatin1String("--log-frames")) {
+        auto file = std::make_unique<CFrameLogFile>(value);
+        if (!file->Ok())
+            return QStringLiteral("%1: can't write the frame log %2: %3")
+                .arg(command, value, file->Error());
+        SetFrameSink(file.get());
+        FrameLogFile() = std::move(file);
+    }
+    return QString();
+}
 
 QString ParseLinkOptions(const QString& command, const QStringList& args, LinkOptions& o,
                          QStringList& rest) {
-    const QStringList valued{"--port", "--tcp",    "--station", "--baud",
-                             "--data", "--parity", "--stop"};
     bool stationGiven = false;
     for (qsizetype i = 0; i < args.size(); ++i) {
         const QString& name = args[i];
-        if (!valued.contains(name)) {
+        if (!IsLinkOption(name)) {
             rest << name;
             continue;
         }
         if (i + 1 >= args.size())
             return QStringLiteral("%1: option %2 needs a value").arg(command, name);
-        const QString value = args[++i];
-        int n = 0;
-        if (name == QLatin1String("--port")) {
-            if (!o.port.isEmpty())
-                return QStringLiteral("%1: give one of --port and --tcp").arg(command);
-            o.port = value.toUpper();
-            if (ComNumberFromName(o.port) == 0)
-                return QStringLiteral("%1: --port takes a name such as COM1").arg(command);
-        } else if (name == QLatin1String("--tcp")) {
-            if (!o.port.isEmpty())
-                return QStringLiteral("%1: give one of --port and --tcp").arg(command);
-            const QStringList parts = value.split(u':');
-            int port = 0;
-            if (parts.size() > 2 ||
-                (parts.size() == 2 && (!Number(parts[1], port) || port < 1 || port > 65535)))
-                return QStringLiteral("%1: --tcp takes HOST or HOST:PORT").arg(command);
-            const auto address = HostAddress(parts.front());
-            if (!address)
-                return QStringLiteral("%1: unknown host '%2'").arg(command, parts.front());
-            o.port = QStringLiteral("TCPIP");
-            o.peer.m_nAddress = *address;
-            o.peer.m_nPort = static_cast<std::uint16_t>(port);
-        } else if (name == QLatin1String("--station")) {
-            if (!Number(value, n) || n < 1 || n > 32)
-                return QStringLiteral("%1: --station takes a number from 1 to 32").arg(command);
-            o.station = n;
-            stationGiven = true;
-        } else if (name == QLatin1String("--baud")) {
-            if (!Number(value, n) || !IsDriveBaudRate(n))
-                return QStringLiteral("%1: --baud takes 4800, 9600, 19200 or 38400").arg(command);
-            o.baud = n;
-        } else if (name == QLatin1String("--data")) {
-            if (!Number(value, n) || (n != 7 && n != 8))
-                return QStringLiteral("%1: --data takes 7 or 8").arg(command);
-            o.dataBits = n;
-        } else if (name == QLatin1String("--parity")) {
-            const qsizetype p = QStringList{"none", "odd", "even"}.indexOf(value.toLower());
-            if (p < 0) return QStringLiteral("%1: --parity takes none, odd or even").arg(command);
-            o.parity = static_cast<int>(p);
-        } else if (name == QLatin1String("--stop")) {
-            if (!Number(value, n) || (n != 1 && n != 2))
-                return QStringLiteral("%1: --stop takes 1 or 2").arg(command);
-            o.stopBits = n;
-        }
+        if (const QString error = ApplyLinkOption(command, name, args[++i], o); !error.isEmpty())
+            return error;
+        stationGiven = stationGiven || name == QLatin1String("--station");
     }
     if (o.port.isEmpty())
         return QStringLiteral("%1: give --port COMn or --tcp HOST[:PORT]").arg(command);
@@ -108,11 +138,7 @@ ErrType CNotedLink::CommandSend(const unsigned char* tx, unsigned long txLength,
 }
 
 bool OpenLink(const QString& command, const LinkOptions& o, CDriveSerial& link) {
-    link.peerAddress = o.peer;
-    if (link.InitComm(o.port, static_cast<unsigned long>(o.baud),
-                      static_cast<unsigned char>(o.dataBits), static_cast<unsigned char>(o.parity),
-                      static_cast<float>(o.stopBits)))
-        return true;
+    if (OpenLinkTarget(o, link)) return true;
     std::fprintf(stderr, "quillon-cli: %s: Can't Open the Port! %s\n", qPrintable(command),
                  link.OpenFailureDetail().toUtf8().constData());
     return false;
@@ -135,12 +161,6 @@ void PrepareSession(SessionState& session, int station) {
     session.m_strAppDir = g_strAppDir;
     session.m_stations = {station};
     session.m_bOnline = 1;
-}
-
-CM330Doc* CCliWindows::NewDocumentForDrive() {
-    m_doc = std::make_unique<CM330Doc>(m_session);
-    m_doc->OnNewDocument();
-    return m_doc.get();
 }
 
 void CCliWindows::ShowUnwrittenParams(const std::vector<MotorParam>& params) {

@@ -6,7 +6,8 @@
 #include "base/SessionState.h"
 #include "link/DriveSerial.h"
 #include "params/M330Doc.h"
-#include "transfer/TransferWindows.h"
+#include "transfer/FleetBackup.h"
+#include "transfer/HeadlessWindows.h"
 
 #include <QString>
 #include <QStringList>
@@ -16,21 +17,22 @@
 
 namespace quillon::cli {
 
-struct LinkOptions {
-    QString port;  // "COMn", or "TCPIP" with `peer`
-    PeerAddress peer;
+struct LinkOptions : LinkTarget {
     int station = 0;
-    int baud = 19200;
-    int dataBits = 8;
-    int parity = 0;  // as InitComm takes it: 0 none, 1 odd, 2 even
-    int stopBits = 2;
 };
 
 // Takes the link options out of `args` (--port COMn | --tcp HOST[:PORT], --station N, --baud,
-// --data, --parity, --stop) and leaves the rest in `rest`. An empty text on success, else what
-// is wrong, prefixed with `command`.
+// --data, --parity, --stop, --log-frames FILE) and leaves the rest in `rest`. An empty text on
+// success, else what is wrong, prefixed with `command`. --log-frames starts the frame log into
+// FILE for the rest of the command.
 QString ParseLinkOptions(const QString& command, const QStringList& args, LinkOptions& options,
                          QStringList& rest);
+
+// Whether `name` is a link option that takes a value, and that option applied to `o`: an empty
+// text, or what is wrong prefixed with `command`. For commands that take several links.
+bool IsLinkOption(const QString& name);
+QString ApplyLinkOption(const QString& command, const QString& name, const QString& value,
+                        LinkOptions& o);
 
 // A link that notes every transaction it runs, so that a command can set its time against what
 // the line needs for the same frames.
@@ -60,26 +62,12 @@ void PrintWireTiming(const CNotedLink& link, int baud, const char* what, double 
 bool OpenLink(const QString& command, const LinkOptions& options, CDriveSerial& link);
 
 // The transfer's windows in a terminal.
-class CCliWindows final : public ITransferWindows, private IProgress {
+class CCliWindows final : public CHeadlessWindows, private IProgress {
 public:
-    CCliWindows(SessionState& session, CDriveSerial& link) : m_session(session), m_link(link) {}
-
-    // A project of this command from now on.
-    void SetDocument(std::unique_ptr<CM330Doc> doc) { m_doc = std::move(doc); }
+    using CHeadlessWindows::CHeadlessWindows;
 
     IProgress& Progress() override { return *this; }
-    void SetStatusPane(int, const QString&) override {}
-    void RefreshList() override {}
-    CM330Doc* Document() override { return m_doc.get(); }
-    CM330Doc* NewDocumentForDrive() override;
-    bool SaveProject() override { return false; }
-    CDriveSerial* Link() override { return &m_link; }
-    void DeleteLink() override { m_link.Close(); }
     void ShowUnwrittenParams(const std::vector<MotorParam>& params) override;
-    void SetRefreshTimer(bool) override {}
-    std::optional<QString> AskPasswordSet() override { return std::nullopt; }
-    std::optional<ChangePasswordEntry> AskChangePassword() override { return std::nullopt; }
-    std::optional<QString> AskPasswordInput() override { return std::nullopt; }
 
 private:
     // IProgress: a bar on stderr when it is a terminal.
@@ -91,9 +79,6 @@ private:
     void SetLabel(const QString& label) override;
     void Draw();
 
-    SessionState& m_session;
-    CDriveSerial& m_link;
-    std::unique_ptr<CM330Doc> m_doc;
     bool m_bVisible = false;
     bool m_bTerminal = false;
     int m_nLower = 0;

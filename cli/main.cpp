@@ -32,6 +32,8 @@ void PrintHelp(QTextStream& out) {
     for (const CliCommand& c : Commands())
         out << "  " << c.name << ' ' << c.usage << "\n      " << c.summary << '\n';
     out << "\nData files (PARAM.DAT, IntialParam.DAT, ...) are read from the program's directory.\n"
+           "Commands that use a link also take --log-frames FILE: each request and reply in hex\n"
+           "with its time and result, appended to FILE.\n"
            "Exit codes: 0 done, 1 the work failed, 2 bad arguments.\n";
 }
 

@@ -85,13 +85,21 @@ public:
 };
 
 ForwardingPrompt g_forwarding;
+thread_local IPrompt* t_prompt = nullptr;
 
 }  // namespace
 
 IPrompt& Prompt() {
+    if (t_prompt) return *t_prompt;
     const QCoreApplication* app = QCoreApplication::instance();
     if (app && QThread::currentThread() != app->thread()) return g_forwarding;
     return Installed();
+}
+
+IPrompt* SetThreadPrompt(IPrompt* prompt) {
+    IPrompt* previous = t_prompt;
+    t_prompt = prompt;
+    return previous;
 }
 
 IPrompt* SetPrompt(IPrompt* prompt) {

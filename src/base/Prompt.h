@@ -43,6 +43,11 @@ IPrompt& Prompt();
 // Installs `prompt` (not owned) and returns the previous one. nullptr restores the fallback.
 IPrompt* SetPrompt(IPrompt* prompt);
 
+// Installs `prompt` (not owned) for the calling thread only, ahead of the process-wide one, and
+// returns the previous one of this thread. A worker that runs a whole command by itself (one line
+// of a fleet backup) asks its own prompt instead of waiting on the application's thread.
+IPrompt* SetThreadPrompt(IPrompt* prompt);
+
 // Installs a prompt for the lifetime of a scope.
 class ScopedPrompt {
 public:
@@ -50,6 +55,18 @@ public:
     ~ScopedPrompt() { SetPrompt(m_previous); }
     ScopedPrompt(const ScopedPrompt&) = delete;
     ScopedPrompt& operator=(const ScopedPrompt&) = delete;
+
+private:
+    IPrompt* m_previous;
+};
+
+// Installs a prompt of the calling thread for the lifetime of a scope.
+class ScopedThreadPrompt {
+public:
+    explicit ScopedThreadPrompt(IPrompt& p) : m_previous(SetThreadPrompt(&p)) {}
+    ~ScopedThreadPrompt() { SetThreadPrompt(m_previous); }
+    ScopedThreadPrompt(const ScopedThreadPrompt&) = delete;
+    ScopedThreadPrompt& operator=(const ScopedThreadPrompt&) = delete;
 
 private:
     IPrompt* m_previous;

@@ -5,12 +5,12 @@
 #include "base/Prompt.h"
 #include "link/AssignIpDlg.h"
 #include "link/LinkSession.h"
-#include "link/PortMap.h"
 #include "link/SearchProtocol.h"
 #include "link/SetIpDlg.h"
 #include "ui/WaitCursor.h"
 
 #include <QButtonGroup>
+#include <algorithm>
 #include <QComboBox>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -19,7 +19,9 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSignalBlocker>
 #include <QThread>
+#include <QTimer>
 #include <QVBoxLayout>
 
 namespace quillon {
@@ -62,6 +64,9 @@ CConnectDlg::CConnectDlg(CLinkSession& link, QWidget* parent) : QDialog(parent),
     TakeSessionValues();
     ShowModules();
     connect(m_port, &QComboBox::currentIndexChanged, this, Guarded([this](int i) { OnPortChosen(i); }));
+    auto* rescan = new QTimer(this);
+    connect(rescan, &QTimer::timeout, this, Guarded([this] { RescanPorts(); }));
+    rescan->start(kPortRescanMs);
     connect(m_module, &QComboBox::currentIndexChanged, this,
             Guarded([this](int i) { OnModuleChosen(i); }));
     connect(m_ipButton, &QPushButton::clicked, this, Guarded([this] { OnSetIp(); }));
@@ -128,18 +133,37 @@ void CConnectDlg::BuildControls()
     layout->addLayout(buttons);
 }
 
+void CConnectDlg::AddPortItems()
+{
+    for (const PortEntry& e : m_ports)
+        m_port->addItem(PortListText(e), QStringLiteral("COM%1").arg(e.m_nCom));
+    m_port->addItem(QString::fromLatin1(kTcpPortText), QString::fromLatin1(kTcpPortText));
+}
+
 void CConnectDlg::FillPortList()
 {
-    int selected = 0;
-    for (const PortEntry& e : ScanPorts()) {
-        const QString name = QStringLiteral("COM%1").arg(e.m_nCom);
-        if (e.m_nCom == g_nComPort + 1)
-            selected = m_port->count();
-        // The device beside the name, so a person knows which adapter is which.
-        m_port->addItem(name + QStringLiteral("   ") + e.m_strDisplay, name);
+    m_ports = ScanPorts();
+    AddPortItems();
+    m_port->setCurrentIndex(std::max(0, m_port->findData(QStringLiteral("COM%1").arg(g_nComPort + 1))));
+}
+
+void CConnectDlg::RescanPorts()
+{
+    if (m_link.Session().m_bOnline)
+        return;
+    std::vector<PortEntry> now = ScanPorts();
+    if (now == m_ports)
+        return;
+    const QString chosen = PortText();
+    {
+        const QSignalBlocker quiet(m_port);
+        m_port->clear();
+        m_ports = std::move(now);
+        AddPortItems();
+        m_port->setCurrentIndex(std::max(0, m_port->findData(chosen)));
     }
-    m_port->addItem(QString::fromLatin1(kTcpPortText), QString::fromLatin1(kTcpPortText));
-    m_port->setCurrentIndex(selected);
+    if (PortText() != chosen)
+        OnPortChosen(m_port->currentIndex());
 }
 
 void CConnectDlg::TakeSessionValues()

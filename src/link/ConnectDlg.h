@@ -5,9 +5,11 @@
 // keeps its controls in step with the linked state.
 
 #include "link/ModuleList.h"
+#include "link/PortMap.h"
 
 #include <QDialog>
 #include <array>
+#include <vector>
 
 class QButtonGroup;
 class QComboBox;
@@ -21,6 +23,9 @@ class CLinkSession;
 
 // How long the dialog lets a module restart after it was given an address.
 inline constexpr int kModuleRestartMs = 5000;
+// While the dialog is open the serial ports are listed again this often, so that an adapter
+// plugged in (or pulled out) shows without a restart.
+inline constexpr int kPortRescanMs = 2000;
 
 class CConnectDlg : public QDialog {
     Q_OBJECT
@@ -49,6 +54,9 @@ public:
     void OnDisconnect();
     void OnSetIp();
     void OnAssignIp();
+    // The re-scan of kPortRescanMs: the port list filled again when the system's ports changed,
+    // the chosen entry kept where it still exists. Nothing while linked.
+    void RescanPorts();
 
     // The wait after an address was assigned; kModuleRestartMs unless changed.
     void SetModuleRestartWait(int ms) { m_nRestartWaitMs = ms; }
@@ -56,6 +64,7 @@ public:
 private:
     void BuildControls();
     void FillPortList();
+    void AddPortItems();
     void TakeSessionValues();
     void OnPortChosen(int index);
     void OnModuleChosen(int index);
@@ -66,6 +75,7 @@ private:
 
     CLinkSession& m_link;
     CModuleList m_modules;
+    std::vector<PortEntry> m_ports;  // the serial ports the list shows
     bool m_bTcpMode = false;
     int m_nRestartWaitMs = kModuleRestartMs;
 

@@ -37,7 +37,7 @@ std::vector<PortEntry> ParsePinnedPorts(const QString& text)
         const QString path = item.mid(eq + 1).trimmed();
         if (com == 0 || path.isEmpty())
             continue;
-        out.push_back(PortEntry{com, path, path, true});
+        out.push_back(PortEntry{com, path, path, true, {}});
     }
     return out;
 }
@@ -105,7 +105,7 @@ std::vector<PortEntry> BuildPortTable(const std::vector<PortEntry>& fromEnvironm
         usedNumbers.insert(next);
         table.push_back(PortEntry{next, d.m_strPath,
                                   d.m_strStableName.isEmpty() ? d.m_strPath : d.m_strStableName,
-                                  false});
+                                  false, d.m_strDescription});
     }
     std::sort(table.begin(), table.end(),
               [](const PortEntry& a, const PortEntry& b) { return a.m_nCom < b.m_nCom; });
@@ -140,6 +140,7 @@ std::vector<FoundDevice> SystemDevices()
     for (const QSerialPortInfo& info : QSerialPortInfo::availablePorts()) {
         FoundDevice d;
         d.m_strPath = info.systemLocation();
+        d.m_strDescription = info.description();
         const auto it = stable.find(Resolved(d.m_strPath));
         if (it != stable.end())
             d.m_strStableName = it->second;
@@ -164,6 +165,15 @@ std::pair<std::vector<PortEntry>, std::vector<PortEntry>> PinnedLists(const QStr
 }
 
 }  // namespace
+
+QString PortListText(const PortEntry& e)
+{
+    QStringList parts{QStringLiteral("COM%1").arg(e.m_nCom)};
+    if (!e.m_strDescription.trimmed().isEmpty())
+        parts << e.m_strDescription.trimmed();
+    parts << e.m_strDisplay;
+    return parts.join(QStringLiteral("   "));
+}
 
 std::vector<PortEntry> ScanPorts(const QString& appDir)
 {

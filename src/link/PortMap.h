@@ -23,12 +23,16 @@ struct PortEntry {
     QString m_strDevice;     // the path that is opened
     QString m_strDisplay;    // shown beside the COM name: /dev/serial/by-id/... where one exists
     bool m_bPinned = false;  // from QUILLON_PORTS or ports.map
+    QString m_strDescription;  // what the adapter calls itself ("FT232R USB UART"); may be empty
+
+    bool operator==(const PortEntry&) const = default;
 };
 
 // A serial device as the system lists it.
 struct FoundDevice {
     QString m_strPath;       // "/dev/ttyUSB0"
     QString m_strStableName; // "/dev/serial/by-id/usb-...-port0", empty if there is none
+    QString m_strDescription; // the adapter's own description, empty if it gives none
 };
 
 // COM number of a port name: "COM3" gives 3, "\\.\COM12" gives 12; 0 for anything else.
@@ -42,6 +46,11 @@ std::vector<PortEntry> ParsePinnedPorts(const QString& text);
 std::vector<PortEntry> BuildPortTable(const std::vector<PortEntry>& fromEnvironment,
                                       const std::vector<PortEntry>& fromFile,
                                       std::vector<FoundDevice> devices);
+
+// The entry as the port list shows it: the COM name, the adapter's description and the device
+// (its stable by-id name where there is one), so a person knows which adapter is which:
+// "COM3   FT232R USB UART   /dev/serial/by-id/usb-FTDI_FT232R_USB_UART_A50285BI-if00-port0".
+QString PortListText(const PortEntry& entry);
 
 // The port list of this machine now. `appDir` is the program's directory (where ports.map
 // lies); empty means the process-wide program directory.

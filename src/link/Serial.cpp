@@ -2,6 +2,7 @@
 
 #include "link/ChannelFactory.h"
 #include "link/DeviceSearch.h"
+#include "link/FrameLog.h"
 #include "link/PortMap.h"
 
 #include <algorithm>
@@ -181,13 +182,29 @@ ErrType CSerial::CommandSend(const unsigned char* tx, unsigned long txLength, un
                              unsigned long rxLength)
 {
     ErrType result = ErrComm;
-    Serialised(Work::Io, [&] { result = Transaction(tx, txLength, rx, rxLength); });
+    unsigned long got = 0;
+    if (!FrameLogActive()) {
+        Serialised(Work::Io, [&] { result = Transaction(tx, txLength, rx, rxLength, got); });
+        return result;
+    }
+    FrameRecord record;
+    Serialised(Work::Io, [&] {
+        record.link = m_strDescription;  // before a lost line clears it
+        record.sent = QDateTime::currentDateTime();
+        result = Transaction(tx, txLength, rx, rxLength, got);
+        record.answered = QDateTime::currentDateTime();
+    });
+    record.request = QByteArray(reinterpret_cast<const char*>(tx), qsizetype(txLength));
+    record.reply = QByteArray(reinterpret_cast<const char*>(rx), qsizetype(std::min(got, rxLength)));
+    record.result = result;
+    LogFrame(record);
     return result;
 }
 
 ErrType CSerial::Transaction(const unsigned char* tx, unsigned long txLength, unsigned char* rx,
-                             unsigned long rxLength)
+                             unsigned long rxLength, unsigned long& got)
 {
+    got = 0;
     if (rxLength > 0)
         std::memset(rx, 0, rxLength);
     if (!m_channel || txLength < 2)
@@ -207,7 +224,6 @@ ErrType CSerial::Transaction(const unsigned char* tx, unsigned long txLength, un
     }
 
     const auto deadline = Clock::now() + timeout;
-    unsigned long got = 0;
     while (got < rxLength) {
         const int wait = MsUntil(deadline);
         if (wait == 0)

@@ -117,8 +117,9 @@ private:
     enum class Work { Lifetime, Io };
     template <typename F>
     void Serialised(Work work, F&& op);
+    // `got`: how many reply bytes came, for the frame log.
     ErrType Transaction(const unsigned char* tx, unsigned long txLength, unsigned char* rx,
-                        unsigned long rxLength);
+                        unsigned long rxLength, unsigned long& got);
     long ReadNow(unsigned char* buffer, unsigned long length, unsigned long* readCount,
                  unsigned long timeoutMs);
     void DropChannel();

@@ -5,6 +5,7 @@ target_sources(quillon_core PRIVATE
   ${CMAKE_CURRENT_LIST_DIR}/DriveSerial.cpp
   ${CMAKE_CURRENT_LIST_DIR}/FaultCodes.cpp
   ${CMAKE_CURRENT_LIST_DIR}/FdIo.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/FrameLog.cpp
   ${CMAKE_CURRENT_LIST_DIR}/LineSettings.cpp
   ${CMAKE_CURRENT_LIST_DIR}/LinkResult.cpp
   ${CMAKE_CURRENT_LIST_DIR}/LinkSession.cpp

@@ -44,6 +44,7 @@ inline constexpr int ChangeComm = 32807;
 inline constexpr int ParamSelect = 32808;
 inline constexpr int SimplifiedGroup = 32809;
 inline constexpr int Compare = 32821;
+inline constexpr int FrameLog = 32830;
 
 // The editor command of parameter group n (0..13).
 constexpr int GroupCommand(int n) {

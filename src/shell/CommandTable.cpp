@@ -63,6 +63,7 @@ constexpr std::array kCommands{
     CommandInfo{CmdId::ViewStatusBar, "&Status Bar", nullptr, nullptr, R::Frame, E::Always, C::StatusBarVisible},
     CommandInfo{CmdId::ProjectWindow, "&Project Window", nullptr, nullptr, R::Frame, E::Always, C::DockVisible},
     CommandInfo{CmdId::ParamSelect, "Parameter S&elect...", "Parameter Select", nullptr, R::View, E::Always, C::None},
+    CommandInfo{CmdId::FrameLog, "&Frame Log", nullptr, nullptr, R::Frame, E::Always, C::None},
     // Help
     CommandInfo{CmdId::Help, "&Contents", nullptr, "F1", R::Frame, E::Always, C::None},
     CommandInfo{CmdId::About, "&About Quillon...", "About", nullptr, R::Application, E::Always, C::None},

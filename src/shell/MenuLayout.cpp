@@ -46,7 +46,8 @@ constexpr std::array kRun129{
     Cmd(CmdId::KeyPad),  Sep(),                  Cmd(CmdId::AutoRefresh),
     Popup("Parameter Pass&word", kPassword129),  Cmd(CmdId::ChangeComm)};
 constexpr std::array kView129{Cmd(CmdId::ViewToolbar), Cmd(CmdId::ViewStatusBar), Cmd(CmdId::ProjectWindow),
-                              Sep(), Cmd(CmdId::ParamSelect)};
+                              Sep(), Cmd(CmdId::ParamSelect),
+                              Cmd(CmdId::FrameLog)};
 constexpr std::array kHelp129{Cmd(CmdId::Help), Cmd(CmdId::About)};
 constexpr std::array kBar129{Popup("&File", kFile129), Popup("&Edit", kEdit129), Popup("&Run", kRun129),
                              Popup("&View", kView129), Popup("&Help", kHelp129)};

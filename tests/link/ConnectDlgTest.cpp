@@ -94,6 +94,15 @@ TEST(ConnectDlg, DefaultLineAndPortList)
     EXPECT_EQ(again.PortText(), QStringLiteral("COM12"));
     EXPECT_TRUE(again.BaudButton(0)->isChecked());
     EXPECT_EQ(again.StationEdit()->text(), QStringLiteral("3,4"));
+
+    // A port that appears while the dialog is open joins the list; the chosen one stays chosen.
+    const QString added = QStringLiteral("COM5   /nonexistent/quillon-c");
+    EXPECT_EQ(again.PortList()->findText(added), -1);
+    qputenv(kPortsEnvVar, "COM1=/nonexistent/quillon-a,COM5=/nonexistent/quillon-c,"
+                          "COM12=/nonexistent/quillon-b");
+    again.RescanPorts();
+    EXPECT_GE(again.PortList()->findText(added), 0);
+    EXPECT_EQ(again.PortText(), QStringLiteral("COM12"));
     EXPECT_TRUE(prompt.Texts().isEmpty());
 }
 

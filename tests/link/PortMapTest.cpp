@@ -49,12 +49,13 @@ TEST(PortMap, TableNumbersDevicesAroundPinnedEntries)
     const auto env = ParsePinnedPorts(QStringLiteral("COM2=/tmp/sim0,COM5=%1").arg(link));
     const auto file = ParsePinnedPorts(QStringLiteral("COM2=/dev/other,COM3=/dev/ttyS7"));
     std::vector<FoundDevice> devices = {
-        {QStringLiteral("/dev/ttyS0"), {}},
-        {QStringLiteral("/dev/ttyUSB10"), {}},
-        {target.fileName(), {}},
-        {QStringLiteral("/dev/ttyUSB2"), QStringLiteral("/dev/serial/by-id/usb-FTDI-if00")},
-        {QStringLiteral("/dev/ttyACM0"), {}},
-        {QStringLiteral("/dev/ttyS7"), {}},
+        {QStringLiteral("/dev/ttyS0"), {}, {}},
+        {QStringLiteral("/dev/ttyUSB10"), {}, {}},
+        {target.fileName(), {}, {}},
+        {QStringLiteral("/dev/ttyUSB2"), QStringLiteral("/dev/serial/by-id/usb-FTDI-if00"),
+         QStringLiteral("FT232R USB UART")},
+        {QStringLiteral("/dev/ttyACM0"), {}, {}},
+        {QStringLiteral("/dev/ttyS7"), {}, {}},
     };
     const auto table = BuildPortTable(env, file, devices);
     std::vector<std::pair<int, QString>> got;
@@ -72,6 +73,9 @@ TEST(PortMap, TableNumbersDevicesAroundPinnedEntries)
     EXPECT_EQ(got, expected);
     EXPECT_EQ(table[3].m_strDisplay, "/dev/serial/by-id/usb-FTDI-if00");
     EXPECT_EQ(table[5].m_strDisplay, "/dev/ttyUSB10");
+    // The list shows the adapter's own description between the name and the device.
+    EXPECT_EQ(PortListText(table[3]), "COM4   FT232R USB UART   /dev/serial/by-id/usb-FTDI-if00");
+    EXPECT_EQ(PortListText(table[1]), "COM2   /tmp/sim0");
     EXPECT_TRUE(table[1].m_bPinned);
     EXPECT_FALSE(table[0].m_bPinned);
 }

@@ -10,6 +10,7 @@ target_include_directories(link_test_support PUBLIC ${CMAKE_CURRENT_LIST_DIR})
 
 quillon_add_test(link_tests SOURCES
   ${CMAKE_CURRENT_LIST_DIR}/DriveSerialSimTest.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/FrameLogTest.cpp
   ${CMAKE_CURRENT_LIST_DIR}/ModbusFrameTest.cpp
   ${CMAKE_CURRENT_LIST_DIR}/PortMapTest.cpp
   ${CMAKE_CURRENT_LIST_DIR}/PtyTransportTest.cpp
@@ -31,5 +32,6 @@ quillon_add_test(link_session_tests SOURCES
 target_link_libraries(link_session_tests PRIVATE link_test_support)
 
 # The connection dialog and its IP dialogs, on the main window.
-quillon_add_test(connect_dialog_tests WIDGETS SOURCES ${CMAKE_CURRENT_LIST_DIR}/ConnectDlgTest.cpp)
+quillon_add_test(connect_dialog_tests WIDGETS SOURCES ${CMAKE_CURRENT_LIST_DIR}/ConnectDlgTest.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/FrameLogDlgTest.cpp)
 target_link_libraries(connect_dialog_tests PRIVATE link_test_support)

@@ -44,7 +44,8 @@ std::set<int> ShownCommands() {
 
 TEST(CommandRules, EnableStatesWithoutProjectWithProjectAndOnline) {
     const std::set<int> alwaysOn{CmdId::New, CmdId::Open, CmdId::Exit, CmdId::PrintSetup, CmdId::Help,
-                                 CmdId::About, CmdId::ViewToolbar, CmdId::ViewStatusBar, CmdId::ProjectWindow};
+                                 CmdId::About, CmdId::ViewToolbar, CmdId::ViewStatusBar, CmdId::ProjectWindow,
+                                 CmdId::FrameLog};
     const std::set<int> needProject{CmdId::Save, CmdId::SaveAs, CmdId::Close, CmdId::Print,
                                     CmdId::PrintPreview, CmdId::PrintTitle, CmdId::ImportParams,
                                     CmdId::ExportParams, CmdId::Connect, CmdId::Compare,

@@ -10,6 +10,7 @@
 #include "support/TestDirs.h"
 
 #include <QFile>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <chrono>
 #include <gtest/gtest.h>
@@ -149,6 +150,25 @@ TEST_F(CliTransferTest, DriveOrLinkFailureExitsWithOneAndBadArgumentsWithTwo) {
         const ProgramRun r = Cli(args);
         EXPECT_EQ(r.code, 2) << args.join(' ').toStdString() << ": " << r.err.toStdString();
     }
+}
+
+// Station 3 is there, 4 is not: one project, a table that says so, exit 1; the frames of the
+// run in the log, the last one a time-out.
+TEST_F(CliTransferTest, BackupSavesWhatAnswersAndLogsTheFrames) {
+    const QString log = File("frames.txt");
+    const ProgramRun r = Cli({"backup", "--tcp", m_tcp, "--stations", "3-4", "-o", m_dir.path(),
+                              "--log-frames", log});
+    EXPECT_EQ(r.code, 1) << r.err.toStdString();
+    const QString link = "127.0.0.1_" + m_tcp.section(':', 1);
+    EXPECT_TRUE(QFile::exists(File(qPrintable(link + "-3.qpj"))));
+    EXPECT_FALSE(QFile::exists(File(qPrintable(link + "-4.qpj"))));
+    EXPECT_TRUE(r.out.contains(QRegularExpression(link + " +3 +R770-201-Kxx +ok "))) << r.out.toStdString();
+    EXPECT_TRUE(r.out.contains(QRegularExpression(link + " +4 +- +FAILED: TimeOut! "))) << r.out.toStdString();
+    const QStringList lines = QString::fromUtf8(Bytes(log)).split('\n', Qt::SkipEmptyParts);
+    ASSERT_GE(lines.size(), 2 * 30);
+    EXPECT_TRUE(lines.front().contains("  >  127.0.0.1:" + m_tcp.section(':', 1) + "  03 03 ")) << lines.front().toStdString();
+    EXPECT_TRUE(lines.back().endsWith("TimeOut!")) << lines.back().toStdString();
+    EXPECT_EQ(Cli({"backup", "--tcp", m_tcp, "--stations", "0-2", "-o", m_dir.path()}).code, 2);
 }
 
 }  // namespace

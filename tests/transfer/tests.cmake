@@ -9,6 +9,7 @@ quillon_add_test(transfer_tests SOURCES
   ${CMAKE_CURRENT_LIST_DIR}/TransferFixture.cpp
   ${CMAKE_CURRENT_LIST_DIR}/AutoRefreshTest.cpp
   ${CMAKE_CURRENT_LIST_DIR}/CommChangeTest.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/FleetBackupTest.cpp
   ${CMAKE_CURRENT_LIST_DIR}/PasswordTest.cpp
   ${CMAKE_CURRENT_LIST_DIR}/ReadCommandTest.cpp
   ${CMAKE_CURRENT_LIST_DIR}/WriteCommandTest.cpp
