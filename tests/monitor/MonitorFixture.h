@@ -36,7 +36,10 @@ public:
             return CDriveSerial::CommandSend(tx, txLength, rx, rxLength);
         const Canned c = canned.front();
         canned.pop_front();
-        std::memcpy(rx, c.reply.data(), std::min<std::size_t>(rxLength, c.reply.size()));
+        // A canned result without a reply (a time-out) leaves the buffer alone: an empty
+        // vector's data() may be null, which memcpy must not be given.
+        if (!c.reply.empty())
+            std::memcpy(rx, c.reply.data(), std::min<std::size_t>(rxLength, c.reply.size()));
         return c.result;
     }
 };
