@@ -1,5 +1,6 @@
 #include "exchange/CompareDlg.h"
 
+#include "base/Language.h"
 #include "base/Prompt.h"
 #include "exchange/ComparePrint.h"
 #include "exchange/PrintPainter.h"
@@ -38,7 +39,7 @@ QString SaveFilter() {
 
 CCompareSelectDlg::CCompareSelectDlg(bool linked, QWidget* parent) : QDialog(parent) {
     setObjectName(QStringLiteral("CompareSelectDlg"));
-    setWindowTitle(QStringLiteral("参数比较选择"));
+    setWindowTitle(Translated("Caption", "参数比较选择"));
     auto* frame = new QGroupBox(QStringLiteral("比较内容选择"), this);
     auto* choices = new QVBoxLayout(frame);
     for (int m = 0; m < kCompareModeCount; ++m) {
@@ -72,7 +73,7 @@ CCompareDlg::CCompareDlg(QPrinter& printer, QWidget* parent)
       m_print(new QPushButton(QStringLiteral("打印"), this)),
       m_close(new QPushButton(QStringLiteral("关闭"), this)) {
     setObjectName(QStringLiteral("CompareDlg"));
-    setWindowTitle(QStringLiteral("比较"));
+    setWindowTitle(Translated("Caption", "比较"));
     m_list->setShowGrid(true);
     m_list->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_list->setEditTriggers(QAbstractItemView::NoEditTriggers);

@@ -2,6 +2,7 @@
 
 #include "base/ErrorReport.h"
 #include "base/Globals.h"
+#include "base/Language.h"
 #include "base/Prompt.h"
 #include "link/AssignIpDlg.h"
 #include "link/LinkSession.h"
@@ -58,7 +59,7 @@ void Check(QButtonGroup* group, int index)
 CConnectDlg::CConnectDlg(CLinkSession& link, QWidget* parent) : QDialog(parent), m_link(link)
 {
     setObjectName(QStringLiteral("ConnectDlg"));
-    setWindowTitle(QStringLiteral("连接"));
+    setWindowTitle(Translated("Caption", "连接"));
     BuildControls();
     FillPortList();
     TakeSessionValues();
