@@ -196,7 +196,8 @@ void CMainFrame::Retranslate() {
     m_menuId = 0;
     UpdateCommandUI();
     if (m_tree->topLevelItemCount() > 0) {
-        const int selected = CCJTreeCtrl::ItemData(m_tree->currentItem());
+        const QTreeWidgetItem* current = m_tree->currentItem();
+        const int selected = current ? CCJTreeCtrl::ItemData(current) : -1;
         RebuildTree();
         if (QTreeWidgetItem* item = m_tree->FindByData(selected)) m_tree->setCurrentItem(item);
     }
