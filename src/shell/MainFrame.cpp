@@ -97,6 +97,8 @@ CMainFrame::~CMainFrame() {
     StopAutoRefresh();
     m_uiTimer->stop();
     m_linkWatch->stop();
+    // A shown frame hides its dock as it goes: no command states asked of a half-gone frame.
+    disconnect(m_dock, nullptr, this, nullptr);
     // The document goes with the commands before the child widgets: the view lets go of it first.
     if (m_child) DisposeWindow(m_child);
 }
