@@ -23,8 +23,8 @@ CSetIpDlg::CSetIpDlg(const QString& address, const QString& name, QWidget* paren
     connect(buttons, &QDialogButtonBox::accepted, this, Guarded([this] { accept(); }));
     connect(buttons, &QDialogButtonBox::rejected, this, Guarded([this] { reject(); }));
     auto* layout = new QFormLayout(this);
-    layout->addRow(QStringLiteral("IP地址:"), m_address);
-    layout->addRow(QStringLiteral("设备名称:"), m_name);
+    layout->addRow(Translated("Caption", "IP地址:"), m_address);
+    layout->addRow(Translated("Caption", "设备名称:"), m_name);
     layout->addRow(buttons);
 }
 

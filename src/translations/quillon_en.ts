@@ -105,6 +105,114 @@
         <source>设置 IP</source>
         <translation>Set IP</translation>
     </message>
+    <message>
+        <source>通讯端口</source>
+        <translation>Communication port</translation>
+    </message>
+    <message>
+        <source>IP设置</source>
+        <translation>IP Settings</translation>
+    </message>
+    <message>
+        <source>其他NX20</source>
+        <translation>Other NX20</translation>
+    </message>
+    <message>
+        <source>端口:</source>
+        <translation>Port:</translation>
+    </message>
+    <message>
+        <source>波特率</source>
+        <translation>Baud rate</translation>
+    </message>
+    <message>
+        <source>数据位</source>
+        <translation>Data bits</translation>
+    </message>
+    <message>
+        <source>7位</source>
+        <translation>7 bits</translation>
+    </message>
+    <message>
+        <source>8位</source>
+        <translation>8 bits</translation>
+    </message>
+    <message>
+        <source>校验位</source>
+        <translation>Parity</translation>
+    </message>
+    <message>
+        <source>偶</source>
+        <translation>Even</translation>
+    </message>
+    <message>
+        <source>奇</source>
+        <translation>Odd</translation>
+    </message>
+    <message>
+        <source>无</source>
+        <translation>None</translation>
+    </message>
+    <message>
+        <source>停止位</source>
+        <translation>Stop bits</translation>
+    </message>
+    <message>
+        <source>1位</source>
+        <translation>1 bit</translation>
+    </message>
+    <message>
+        <source>2位</source>
+        <translation>2 bits</translation>
+    </message>
+    <message>
+        <source>站别</source>
+        <translation>Stations</translation>
+    </message>
+    <message>
+        <source>站号:</source>
+        <translation>Station:</translation>
+    </message>
+    <message>
+        <source>(单台或指定范围, 例如: 1,3,5-12)</source>
+        <translation>(one or a range, e.g. 1,3,5-12)</translation>
+    </message>
+    <message>
+        <source>断开</source>
+        <translation>Disconnect</translation>
+    </message>
+    <message>
+        <source>关闭</source>
+        <translation>Close</translation>
+    </message>
+    <message>
+        <source>IP地址:</source>
+        <translation>IP address:</translation>
+    </message>
+    <message>
+        <source>设备名称:</source>
+        <translation>Device name:</translation>
+    </message>
+    <message>
+        <source>比较内容选择</source>
+        <translation>What to compare</translation>
+    </message>
+    <message>
+        <source>确定</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>取消</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>保存</source>
+        <translation>Save</translation>
+    </message>
+    <message>
+        <source>打印</source>
+        <translation>Print</translation>
+    </message>
 </context>
 <context>
     <name>Options</name>
