@@ -217,6 +217,14 @@
 <context>
     <name>Options</name>
     <message>
+        <source>0:常开接点</source>
+        <translation>0:Normally open</translation>
+    </message>
+    <message>
+        <source>1:常闭接点</source>
+        <translation>1:Normally closed</translation>
+    </message>
+    <message>
         <source>0: 正转</source>
         <translation>0: Forward</translation>
     </message>
