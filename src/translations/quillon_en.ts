@@ -877,4 +877,91 @@
         <translation>1:Complete parameter groups</translation>
     </message>
 </context>
+<context>
+    <name>Panel</name>
+    <message>
+        <source>变频器运行状态</source>
+        <translation>Inverter Run Status</translation>
+    </message>
+    <message>
+        <source>运行状态</source>
+        <translation>Run state</translation>
+    </message>
+    <message>
+        <source>运行数据</source>
+        <translation>Run data</translation>
+    </message>
+    <message>
+        <source>故障</source>
+        <translation>Fault</translation>
+    </message>
+    <message>
+        <source>故障说明</source>
+        <translation>Fault description</translation>
+    </message>
+    <message>
+        <source>准备</source>
+        <translation>Ready</translation>
+    </message>
+    <message>
+        <source>异常</source>
+        <translation>Fault</translation>
+    </message>
+    <message>
+        <source>停止</source>
+        <translation>Stop</translation>
+    </message>
+    <message>
+        <source>运行</source>
+        <translation>Run</translation>
+    </message>
+    <message>
+        <source>正转</source>
+        <translation>Forward</translation>
+    </message>
+    <message>
+        <source>反转</source>
+        <translation>Reverse</translation>
+    </message>
+    <message>
+        <source>故障代码:</source>
+        <translation>Fault code:</translation>
+    </message>
+    <message>
+        <source>设定频率</source>
+        <translation>Set frequency</translation>
+    </message>
+    <message>
+        <source>输出频率</source>
+        <translation>Output frequency</translation>
+    </message>
+    <message>
+        <source>输出电流</source>
+        <translation>Output current</translation>
+    </message>
+    <message>
+        <source>输出电压</source>
+        <translation>Output voltage</translation>
+    </message>
+    <message>
+        <source>直流电压</source>
+        <translation>DC bus voltage</translation>
+    </message>
+    <message>
+        <source>变频器端子状态</source>
+        <translation>Inverter Terminal Status</translation>
+    </message>
+    <message>
+        <source>端子状态</source>
+        <translation>Terminal state</translation>
+    </message>
+    <message>
+        <source>继电器</source>
+        <translation>Relay</translation>
+    </message>
+    <message>
+        <source>数字输入</source>
+        <translation>Digital inputs</translation>
+    </message>
+</context>
 </TS>
