@@ -7,6 +7,7 @@ PACKAGES=(
   # build
   cmake ninja-build g++ pkg-config
   qt6-base-dev qt6-serialport-dev qt6-qpa-plugins libgl-dev
+  qt6-l10n-tools qt6-tools-dev  # lrelease and its CMake functions, for the English translation
   libxlsxwriter-dev libminizip-dev libfreexl-dev
   # run
   fonts-wqy-microhei

@@ -1,5 +1,7 @@
 #include "base/TextTable.h"
 
+#include "base/Language.h"
+
 #include <algorithm>
 #include <array>
 
@@ -70,7 +72,8 @@ QString LoadText(int id)
                                      [](const TextEntry& e, int key) { return e.id < key; });
     if (it == kTexts.end() || it->id != id)
         return QString();
-    return QString::fromUtf8(it->text);
+    // Without a translator installed this is the table's own text, byte for byte.
+    return Translated("TextTable", it->text);
 }
 
 QString FormatText(int id, int value)

@@ -7,6 +7,7 @@ target_sources(quillon_core PRIVATE
   ${CMAKE_CURRENT_LIST_DIR}/ErrorReport.cpp
   ${CMAKE_CURRENT_LIST_DIR}/Globals.cpp
   ${CMAKE_CURRENT_LIST_DIR}/GraphSettings.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/Language.cpp
   ${CMAKE_CURRENT_LIST_DIR}/PathName.cpp
   ${CMAKE_CURRENT_LIST_DIR}/Prompt.cpp
   ${CMAKE_CURRENT_LIST_DIR}/SafeSave.cpp

@@ -1,5 +1,6 @@
 #include "editing/DigitHints.h"
 
+#include "base/Language.h"
 #include "params/ParamTable.h"
 
 #include <array>
@@ -60,7 +61,7 @@ QStringList DigitCaptions(const ParamSpec& spec) {
 }
 
 QStringList DigitLegend(const ParamSpec& spec) {
-    if (Is(spec, 3, 9)) return {QStringLiteral("0:常开接点"), QStringLiteral("1:常闭接点")};
+    if (Is(spec, 3, 9)) return {Translated("Options", "0:常开接点"), Translated("Options", "1:常闭接点")};
     return {};
 }
 

@@ -6,6 +6,7 @@
 #include "editing/GroupTransmit.h"
 #include "editing/SmallKeyboardDlg.h"
 #include "params/M330Doc.h"
+#include "params/ParamNames.h"
 #include "ui/ModalLinkWork.h"
 
 #include <QApplication>
@@ -72,7 +73,7 @@ void CParamEditorDlg::OnInitDialog() {
     m_transmit->setEnabled(m_env.session.m_bOnline != 0);
     const std::span<const PageSpec> all = PageSpecs();
     const std::span<const PageSpec> group = PagesOfGroup(m_nGroupIndex);
-    const QString groupName = group.empty() ? QString() : m_env.doc.GroupAt(m_nGroupIndex).m_strName;
+    const QString groupName = group.empty() ? QString() : GroupNameOf(m_env.doc.GroupAt(m_nGroupIndex).m_strName);
     const int front = FrontTab(m_nGroupIndex, m_nRowIndex);
     auto* pageLayout = static_cast<QGridLayout*>(m_pageArea->layout());
     {

@@ -1,5 +1,6 @@
 #include "editing/ParamPage.h"
 
+#include "base/Language.h"
 #include "editing/DigitHints.h"
 #include "ui/ColourLabel.h"
 
@@ -66,7 +67,7 @@ void CParamPage::BuildRow(int slot, QGridLayout& grid) {
     switch (spec.control) {
     case ControlKind::Combo:
         w.combo = new QComboBox(this);
-        for (const char* entry : OptionsOf(spec)) w.combo->addItem(QString::fromUtf8(entry));
+        for (const char* entry : OptionsOf(spec)) w.combo->addItem(Translated("Options", entry));
         w.combo->setEnabled(!spec.readOnly);
         control = w.combo;
         break;

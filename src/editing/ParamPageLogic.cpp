@@ -8,6 +8,7 @@
 #include "link/DriveSerial.h"
 #include "link/ModbusFrame.h"
 #include "link/RegisterReaders.h"
+#include "params/ParamNames.h"
 #include "link/ReplyJudge.h"
 #include "params/M330Doc.h"
 
@@ -94,7 +95,7 @@ void CParamPageLogic::OnInit(const CM330Doc& doc, int modelCode) {
         if (!c.spec) continue;
         const ParamRow& row = doc.RowAt(m_page.group, c.row);
         const ParamSpec& spec = *c.spec;
-        c.label = row.m_strName;
+        c.label = ParamNameOf(row);
         const QString& value = row.m_strSetValue;
         switch (spec.control) {
         case ControlKind::Combo: c.index = ComboIndexOf(spec, value); break;

@@ -1,5 +1,6 @@
 #include "exchange/CompareDlg.h"
 
+#include "base/Language.h"
 #include "base/Prompt.h"
 #include "exchange/ComparePrint.h"
 #include "exchange/PrintPainter.h"
@@ -38,8 +39,8 @@ QString SaveFilter() {
 
 CCompareSelectDlg::CCompareSelectDlg(bool linked, QWidget* parent) : QDialog(parent) {
     setObjectName(QStringLiteral("CompareSelectDlg"));
-    setWindowTitle(QStringLiteral("参数比较选择"));
-    auto* frame = new QGroupBox(QStringLiteral("比较内容选择"), this);
+    setWindowTitle(Translated("Caption", "参数比较选择"));
+    auto* frame = new QGroupBox(Translated("Caption", "比较内容选择"), this);
     auto* choices = new QVBoxLayout(frame);
     for (int m = 0; m < kCompareModeCount; ++m) {
         auto* radio = new QRadioButton(QString::fromUtf8(ColumnsOf(m).choice), frame);
@@ -49,8 +50,8 @@ CCompareSelectDlg::CCompareSelectDlg(bool linked, QWidget* parent) : QDialog(par
     }
     Choice(linked ? kCompareSetRead : kCompareDefaultSet)->setChecked(true);
     auto* buttons = new QDialogButtonBox(this);
-    buttons->addButton(QStringLiteral("确定"), QDialogButtonBox::AcceptRole);
-    buttons->addButton(QStringLiteral("取消"), QDialogButtonBox::RejectRole);
+    buttons->addButton(Translated("Caption", "确定"), QDialogButtonBox::AcceptRole);
+    buttons->addButton(Translated("Caption", "取消"), QDialogButtonBox::RejectRole);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     auto* layout = new QVBoxLayout(this);
@@ -68,11 +69,11 @@ CCompareDlg::CCompareDlg(QPrinter& printer, QWidget* parent)
     : QDialog(parent),
       m_printer(printer),
       m_list(new QTableWidget(this)),
-      m_save(new QPushButton(QStringLiteral("保存"), this)),
-      m_print(new QPushButton(QStringLiteral("打印"), this)),
-      m_close(new QPushButton(QStringLiteral("关闭"), this)) {
+      m_save(new QPushButton(Translated("Caption", "保存"), this)),
+      m_print(new QPushButton(Translated("Caption", "打印"), this)),
+      m_close(new QPushButton(Translated("Caption", "关闭"), this)) {
     setObjectName(QStringLiteral("CompareDlg"));
-    setWindowTitle(QStringLiteral("比较"));
+    setWindowTitle(Translated("Caption", "比较"));
     m_list->setShowGrid(true);
     m_list->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_list->setEditTriggers(QAbstractItemView::NoEditTriggers);

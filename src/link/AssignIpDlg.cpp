@@ -1,6 +1,7 @@
 #include "link/AssignIpDlg.h"
 
 #include "base/ErrorReport.h"
+#include "base/Language.h"
 #include "ui/IpAddressEdit.h"
 
 #include <QDialogButtonBox>
@@ -14,7 +15,7 @@ CAssignIpDlg::CAssignIpDlg(QWidget* parent)
     : QDialog(parent), m_mac(new QLineEdit(this)), m_address(new CIpAddressEdit(this))
 {
     setObjectName(QStringLiteral("AssignIpDlg"));
-    setWindowTitle(QStringLiteral("分配 IP"));
+    setWindowTitle(Translated("Caption", "分配 IP"));
     m_mac->setMaxLength(kMacTextLength);
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     connect(buttons, &QDialogButtonBox::accepted, this, Guarded([this] { accept(); }));

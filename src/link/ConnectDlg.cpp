@@ -2,6 +2,7 @@
 
 #include "base/ErrorReport.h"
 #include "base/Globals.h"
+#include "base/Language.h"
 #include "base/Prompt.h"
 #include "link/AssignIpDlg.h"
 #include "link/LinkSession.h"
@@ -38,7 +39,7 @@ QGroupBox* RadioGroup(const QString& title, const std::array<const char*, N>& ca
     auto* row = new QHBoxLayout(box);
     group = new QButtonGroup(box);
     for (std::size_t i = 0; i < N; ++i) {
-        buttons[i] = new QRadioButton(QString::fromUtf8(captions[i]), box);
+        buttons[i] = new QRadioButton(Translated("Caption", captions[i]), box);
         group->addButton(buttons[i], static_cast<int>(i));
         row->addWidget(buttons[i]);
     }
@@ -58,7 +59,7 @@ void Check(QButtonGroup* group, int index)
 CConnectDlg::CConnectDlg(CLinkSession& link, QWidget* parent) : QDialog(parent), m_link(link)
 {
     setObjectName(QStringLiteral("ConnectDlg"));
-    setWindowTitle(QStringLiteral("连接"));
+    setWindowTitle(Translated("Caption", "连接"));
     BuildControls();
     FillPortList();
     TakeSessionValues();
@@ -81,7 +82,7 @@ CConnectDlg::CConnectDlg(CLinkSession& link, QWidget* parent) : QDialog(parent),
 
 void CConnectDlg::BuildControls()
 {
-    auto* portBox = new QGroupBox(QStringLiteral("通讯端口"), this);
+    auto* portBox = new QGroupBox(Translated("Caption", "通讯端口"), this);
     auto* portGrid = new QGridLayout(portBox);
     m_port = new QComboBox(portBox);
     m_port->setObjectName(QStringLiteral("PortList"));
@@ -89,9 +90,9 @@ void CConnectDlg::BuildControls()
     m_module = new QComboBox(portBox);
     m_module->setObjectName(QStringLiteral("ModuleList"));
     m_module->setMinimumContentsLength(static_cast<int>(std::char_traits<char>::length("00-00-00-00-00-00")));
-    m_ipButton = new QPushButton(QStringLiteral("IP设置"), portBox);
-    m_otherButton = new QPushButton(QStringLiteral("其他NX20"), portBox);
-    portGrid->addWidget(new QLabel(QStringLiteral("端口:"), portBox), 0, 0);
+    m_ipButton = new QPushButton(Translated("Caption", "IP设置"), portBox);
+    m_otherButton = new QPushButton(Translated("Caption", "其他NX20"), portBox);
+    portGrid->addWidget(new QLabel(Translated("Caption", "端口:"), portBox), 0, 0);
     portGrid->addWidget(m_port, 0, 1, 1, 2);
     portGrid->addWidget(new QLabel(QStringLiteral("TCPIP:"), portBox), 1, 0);
     portGrid->addWidget(m_module, 1, 1);
@@ -99,27 +100,27 @@ void CConnectDlg::BuildControls()
     portGrid->addWidget(m_otherButton, 2, 2);
 
     auto* line = new QGridLayout;
-    line->addWidget(RadioGroup<4>(QStringLiteral("波特率"), {"4800", "9600", "19200", "38400"},
+    line->addWidget(RadioGroup<4>(Translated("Caption", "波特率"), {"4800", "9600", "19200", "38400"},
                                   m_baud, m_baudGroup, this), 0, 0, 1, 2);
-    line->addWidget(RadioGroup<2>(QStringLiteral("数据位"), {"7位", "8位"}, m_dataBits,
+    line->addWidget(RadioGroup<2>(Translated("Caption", "数据位"), {"7位", "8位"}, m_dataBits,
                                   m_dataBitsGroup, this), 1, 0);
-    line->addWidget(RadioGroup<3>(QStringLiteral("校验位"), {"偶", "奇", "无"}, m_parity,
+    line->addWidget(RadioGroup<3>(Translated("Caption", "校验位"), {"偶", "奇", "无"}, m_parity,
                                   m_parityGroup, this), 1, 1);
-    line->addWidget(RadioGroup<2>(QStringLiteral("停止位"), {"1位", "2位"}, m_stopBits,
+    line->addWidget(RadioGroup<2>(Translated("Caption", "停止位"), {"1位", "2位"}, m_stopBits,
                                   m_stopBitsGroup, this), 2, 0);
 
-    auto* stationBox = new QGroupBox(QStringLiteral("站别"), this);
+    auto* stationBox = new QGroupBox(Translated("Caption", "站别"), this);
     auto* stationGrid = new QGridLayout(stationBox);
     m_station = new QLineEdit(stationBox);
     m_station->setObjectName(QStringLiteral("StationEdit"));
-    stationGrid->addWidget(new QLabel(QStringLiteral("站号:"), stationBox), 0, 0);
+    stationGrid->addWidget(new QLabel(Translated("Caption", "站号:"), stationBox), 0, 0);
     stationGrid->addWidget(m_station, 0, 1);
-    stationGrid->addWidget(new QLabel(QStringLiteral("(单台或指定范围, 例如: 1,3,5-12)"), stationBox),
-                           1, 0, 1, 2);
+    stationGrid->addWidget(
+        new QLabel(Translated("Caption", "(单台或指定范围, 例如: 1,3,5-12)"), stationBox), 1, 0, 1, 2);
 
-    m_connect = new QPushButton(QStringLiteral("连接"), this);
-    m_disconnect = new QPushButton(QStringLiteral("断开"), this);
-    m_close = new QPushButton(QStringLiteral("关闭"), this);
+    m_connect = new QPushButton(Translated("Caption", "连接"), this);
+    m_disconnect = new QPushButton(Translated("Caption", "断开"), this);
+    m_close = new QPushButton(Translated("Caption", "关闭"), this);
     m_connect->setDefault(true);
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();

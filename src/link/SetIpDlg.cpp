@@ -1,6 +1,7 @@
 #include "link/SetIpDlg.h"
 
 #include "base/ErrorReport.h"
+#include "base/Language.h"
 #include "ui/IpAddressEdit.h"
 
 #include <QApplication>
@@ -14,7 +15,7 @@ CSetIpDlg::CSetIpDlg(const QString& address, const QString& name, QWidget* paren
     : QDialog(parent), m_address(new CIpAddressEdit(this)), m_name(new QLineEdit(this))
 {
     setObjectName(QStringLiteral("SetIpDlg"));
-    setWindowTitle(QStringLiteral("设置 IP"));
+    setWindowTitle(Translated("Caption", "设置 IP"));
     m_address->SetAddress(address);
     m_name->setMaxLength(kDeviceNameMaxLength);
     m_name->setText(name);
@@ -22,8 +23,8 @@ CSetIpDlg::CSetIpDlg(const QString& address, const QString& name, QWidget* paren
     connect(buttons, &QDialogButtonBox::accepted, this, Guarded([this] { accept(); }));
     connect(buttons, &QDialogButtonBox::rejected, this, Guarded([this] { reject(); }));
     auto* layout = new QFormLayout(this);
-    layout->addRow(QStringLiteral("IP地址:"), m_address);
-    layout->addRow(QStringLiteral("设备名称:"), m_name);
+    layout->addRow(Translated("Caption", "IP地址:"), m_address);
+    layout->addRow(Translated("Caption", "设备名称:"), m_name);
     layout->addRow(buttons);
 }
 

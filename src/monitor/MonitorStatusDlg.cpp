@@ -1,6 +1,7 @@
 #include "monitor/MonitorStatusDlg.h"
 
 #include "base/ErrorReport.h"
+#include "base/Language.h"
 #include "monitor/MonitorControlDlg.h"
 #include "monitor/PanelPictures.h"
 #include "monitor/WorkerRunner.h"
@@ -55,7 +56,7 @@ void CMonitorPageWidget::paintEvent(QPaintEvent*)
         PaintTerminalPicture(p);
     p.save();
     p.setPen(QColor(30, 40, 60));
-    p.drawText(QRect(42, 14, 60, m_stations->height()), Qt::AlignVCenter, QStringLiteral("站号:"));
+    p.drawText(QRect(42, 14, 60, m_stations->height()), Qt::AlignVCenter, Translated("Caption", "站号:"));
     p.restore();
     if (m_page.LampsShown()) {
         const auto lamps = status ? StatusLamps(m_page.StatusWord()) : TerminalLamps(m_page.TerminalWord());

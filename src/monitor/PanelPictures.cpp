@@ -1,5 +1,7 @@
 #include "monitor/PanelPictures.h"
 
+#include "base/Language.h"
+
 #include <QFontMetrics>
 #include <QPainter>
 #include <QPainterPath>
@@ -92,21 +94,21 @@ void PaintTextAt(QPainter& p, QPoint at, const QString& text, const QColor& colo
 
 void PaintStatusPicture(QPainter& p)
 {
-    Background(p, QStringLiteral("变频器运行状态"));
-    Box(p, QRect(30, 100, 150, 170), QStringLiteral("运行状态"));
-    Box(p, QRect(190, 100, 290, 170), QStringLiteral("运行数据"));
-    Box(p, QRect(485, 100, 200, 170), QStringLiteral("故障"));
-    Box(p, QRect(30, 295, 655, 60), QStringLiteral("故障说明"));
+    Background(p, Translated("Panel", "变频器运行状态"));
+    Box(p, QRect(30, 100, 150, 170), Translated("Panel", "运行状态"));
+    Box(p, QRect(190, 100, 290, 170), Translated("Panel", "运行数据"));
+    Box(p, QRect(485, 100, 200, 170), Translated("Panel", "故障"));
+    Box(p, QRect(30, 295, 655, 60), Translated("Panel", "故障说明"));
 
     const char* lampNames[] = {"准备", "异常", "停止", "运行", "正转", "反转"};
     for (int i = 0; i < 6; ++i) {
         const int y = 117 + 24 * i;
-        Label(p, 42, y, 95, QString::fromUtf8(lampNames[i]), Qt::AlignLeft);
+        Label(p, 42, y, 95, Translated("Panel", lampNames[i]), Qt::AlignLeft);
         PaintLamp(p, Lamp{LampColour::Green, 143, y}, false);
     }
     PaintLamp(p, Lamp{LampColour::Red, 497, 117}, false);
-    Label(p, 527, 117, 80, QStringLiteral("故障"), Qt::AlignLeft);
-    Label(p, 497, 140, 105, QStringLiteral("故障代码:"), Qt::AlignRight);
+    Label(p, 527, 117, 80, Translated("Panel", "故障"), Qt::AlignLeft);
+    Label(p, 497, 140, 105, Translated("Panel", "故障代码:"), Qt::AlignRight);
 
     // The measured values: caption left of the value, unit right of it.
     struct Row {
@@ -122,7 +124,7 @@ void PaintStatusPicture(QPainter& p)
     const QFontMetrics fm(p.font());
     for (const Row& r : rows) {
         const int y = r.y + fm.height() / 2 - kLampSize / 2;
-        Label(p, 200, y, 160, QString::fromUtf8(r.caption) + QStringLiteral(":"), Qt::AlignRight);
+        Label(p, 200, y, 160, Translated("Panel", r.caption) + QStringLiteral(":"), Qt::AlignRight);
         Label(p, 430, y, 48, QString::fromUtf8(r.unit), Qt::AlignLeft);
     }
 }
@@ -157,11 +159,11 @@ static void TerminalStrip(QPainter& p)
 
 void PaintTerminalPicture(QPainter& p)
 {
-    Background(p, QStringLiteral("变频器端子状态"));
+    Background(p, Translated("Panel", "变频器端子状态"));
     TerminalStrip(p);
-    Box(p, QRect(230, 270, 250, 95), QStringLiteral("端子状态"));
-    Label(p, 236, 282, 52, QStringLiteral("继电器"), Qt::AlignCenter);
-    Label(p, 300, 282, 120, QStringLiteral("数字输入"), Qt::AlignCenter);
+    Box(p, QRect(230, 270, 250, 95), Translated("Panel", "端子状态"));
+    Label(p, 236, 282, 52, Translated("Panel", "继电器"), Qt::AlignCenter);
+    Label(p, 300, 282, 120, Translated("Panel", "数字输入"), Qt::AlignCenter);
     p.save();
     p.setPen(QPen(kFrame, 1.0, Qt::DashLine));
     p.drawLine(290, 290, 290, 355);

@@ -6,6 +6,7 @@ target_sources(quillon_core PRIVATE
   ${CMAKE_CURRENT_LIST_DIR}/ModelLimits.cpp
   ${CMAKE_CURRENT_LIST_DIR}/ModelTable.cpp
   ${CMAKE_CURRENT_LIST_DIR}/OptionLists.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/ParamNames.cpp
   ${CMAKE_CURRENT_LIST_DIR}/Overlays.cpp
   ${CMAKE_CURRENT_LIST_DIR}/ParamRows.cpp
   ${CMAKE_CURRENT_LIST_DIR}/ParamTable.cpp

@@ -45,6 +45,8 @@ inline constexpr int ParamSelect = 32808;
 inline constexpr int SimplifiedGroup = 32809;
 inline constexpr int Compare = 32821;
 inline constexpr int FrameLog = 32830;
+inline constexpr int LanguageSystem = 32831;  // View > Language: the program's own texts
+inline constexpr int LanguageEnglish = 32832;
 
 // The editor command of parameter group n (0..13).
 constexpr int GroupCommand(int n) {

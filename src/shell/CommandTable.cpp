@@ -1,5 +1,6 @@
 #include "shell/CommandTable.h"
 
+#include "base/Language.h"
 #include "base/TextTable.h"
 #include "shell/CommandIds.h"
 
@@ -64,6 +65,9 @@ constexpr std::array kCommands{
     CommandInfo{CmdId::ProjectWindow, "&Project Window", nullptr, nullptr, R::Frame, E::Always, C::DockVisible},
     CommandInfo{CmdId::ParamSelect, "Parameter S&elect...", "Parameter Select", nullptr, R::View, E::Always, C::None},
     CommandInfo{CmdId::FrameLog, "&Frame Log", nullptr, nullptr, R::Frame, E::Always, C::None},
+    // Each language named in its own words, so either can be found whichever is in force.
+    CommandInfo{CmdId::LanguageSystem, "中文(&C)", nullptr, nullptr, R::Frame, E::Always, C::LanguageSystem},
+    CommandInfo{CmdId::LanguageEnglish, "&English", nullptr, nullptr, R::Frame, E::Always, C::LanguageEnglish},
     // Help
     CommandInfo{CmdId::Help, "&Contents", nullptr, "F1", R::Frame, E::Always, C::None},
     CommandInfo{CmdId::About, "&About Quillon...", "About", nullptr, R::Application, E::Always, C::None},
@@ -113,6 +117,8 @@ bool IsCommandChecked(int id, const CommandState& state) {
         case C::DockVisible: return state.dockVisible;
         case C::ToolbarVisible: return state.toolbarVisible;
         case C::StatusBarVisible: return state.statusBarVisible;
+        case C::LanguageSystem: return CurrentLanguage() == UiLanguage::System;
+        case C::LanguageEnglish: return CurrentLanguage() == UiLanguage::English;
     }
     return false;
 }
@@ -122,7 +128,12 @@ QString CommandText(int id) {
     for (int n = 0; n < 14; ++n)
         if (id == CmdId::GroupCommand(n)) return LoadText(TextId::GroupName00 + n);
     const CommandInfo* c = FindCommand(id);
-    return c && c->text ? QString::fromUtf8(c->text) : QString();
+    return c && c->text ? Translated("Command", c->text) : QString();
+}
+
+QString CommandTip(int id) {
+    const CommandInfo* c = FindCommand(id);
+    return c && c->tip ? Translated("Command", c->tip) : QString();
 }
 
 }  // namespace quillon

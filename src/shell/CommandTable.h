@@ -24,7 +24,10 @@ enum class EnableRule {
     RecentEntry,       // the recent-list slot has an entry
 };
 
-enum class CheckRule { None, AutoRefresh, DockVisible, ToolbarVisible, StatusBarVisible };
+enum class CheckRule {
+    None, AutoRefresh, DockVisible, ToolbarVisible, StatusBarVisible,
+    LanguageSystem, LanguageEnglish,  // the language in force
+};
 
 struct CommandInfo {
     int id;
@@ -57,7 +60,10 @@ const CommandInfo* FindCommand(int id);
 bool IsCommandEnabled(int id, const CommandState& state);
 bool IsCommandChecked(int id, const CommandState& state);
 
-// The menu text of a command; the group commands carry the names of their groups.
+// The menu text of a command in the current language; the group commands carry the names of
+// their groups.
 QString CommandText(int id);
+// The tool tip of a command in the current language; empty for none.
+QString CommandTip(int id);
 
 }  // namespace quillon

@@ -7,6 +7,7 @@
 #include "shell/CommandIds.h"
 #include "shell/HandOver.h"
 #include "shell/InstanceChannel.h"
+#include "shell/LanguageSwitch.h"
 #include "shell/MainFrame.h"
 #include "shell/StartupArgs.h"
 #include "ui/IconCachingStyle.h"
@@ -48,6 +49,8 @@ bool CM330App::InitInstance() {
     }
     // 1. The recent-project list of the last session.
     m_recent.ReadList();
+    // 1a. The language chosen last time, or the desktop's.
+    ApplyLanguage(ReadLanguageSetting(LanguageIniPath(m_recent.IniPath())));
     // 2. The texts are built into the program, so there is no resource module to fail.
     // 3-4. The main frame.
     m_frame.reset();

@@ -1,6 +1,7 @@
 #include "shell/MainFrame.h"
 
 #include "base/ErrorReport.h"
+#include "base/Language.h"
 #include "base/Prompt.h"
 #include "base/StatusPanes.h"
 #include "base/TextTable.h"
@@ -13,6 +14,7 @@
 #include "shell/CommandTable.h"
 #include "shell/FrameFeatures.h"
 #include "shell/HelpDlg.h"
+#include "shell/LanguageSwitch.h"
 #include "shell/M330View.h"
 #include "shell/MenuLayout.h"
 #include "shell/ProjectTree.h"
@@ -95,6 +97,8 @@ CMainFrame::~CMainFrame() {
     StopAutoRefresh();
     m_uiTimer->stop();
     m_linkWatch->stop();
+    // A shown frame hides its dock as it goes: no command states asked of a half-gone frame.
+    disconnect(m_dock, nullptr, this, nullptr);
     // The document goes with the commands before the child widgets: the view lets go of it first.
     if (m_child) DisposeWindow(m_child);
 }
@@ -109,7 +113,7 @@ void CMainFrame::CreateActions() {
             const int id = info.id + i;
             auto* action = new QAction(CommandText(info.id), this);
             action->setObjectName(QStringLiteral("cmd%1").arg(id));
-            if (info.tip) action->setToolTip(QString::fromLatin1(info.tip));
+            if (info.tip) action->setToolTip(CommandTip(info.id));
             if (info.shortcut)
                 action->setShortcut(QKeySequence(QString::fromLatin1(info.shortcut)));
             action->setCheckable(info.check != CheckRule::None);
@@ -142,7 +146,7 @@ void CMainFrame::FillMenu(QMenu* menu, std::span<const MenuEntry> entries) {
                     menu->addAction(Action(id));
                 break;
             case MenuEntry::Popup:
-                FillMenu(menu->addMenu(QString::fromLatin1(e.text)), e.popup);
+                FillMenu(menu->addMenu(Translated("Menu", e.text)), e.popup);
                 break;
         }
     }
@@ -151,7 +155,7 @@ void CMainFrame::FillMenu(QMenu* menu, std::span<const MenuEntry> entries) {
 QAction* CMainFrame::TwinAction(QAction* action, const char* text, QMenu* menu) {
     // The same command worded differently in one menu: it triggers the command's own action and
     // follows its state.
-    auto* twin = new QAction(QString::fromLatin1(text), menu);
+    auto* twin = new QAction(Translated("Menu", text), menu);
     twin->setShortcut(action->shortcut());
     twin->setShortcutContext(Qt::WidgetShortcut);  // the command's own action holds the key
     twin->setEnabled(action->isEnabled());
@@ -164,12 +168,42 @@ void CMainFrame::CreateMenus() {
     // Both menu bars are built once; the frame shows the one that fits.
     for (int menuId : {kMenuNoProject, kMenuProject}) {
         for (const MenuEntry& top : MenuBarLayout(menuId)) {
-            auto* menu = new QMenu(QString::fromLatin1(top.text), this);
+            auto* menu = new QMenu(Translated("Menu", top.text), this);
             FillMenu(menu, top.popup);
             connect(menu, &QMenu::aboutToShow, this, &CMainFrame::UpdateCommandUI);
             m_menuBars[menuId].push_back(menu);
         }
     }
+}
+
+const QString& CMainFrame::SettingsIniPath() const { return m_recent.IniPath(); }
+
+void CMainFrame::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange) Retranslate();
+}
+
+void CMainFrame::Retranslate() {
+    for (const auto& [id, action] : m_actions) {
+        action->setText(CommandText(id));
+        action->setToolTip(CommandTip(id));
+    }
+    // The menus are built anew from the layout; the old ones go once the event that may have
+    // come from one of them is over.
+    menuBar()->clear();
+    for (auto& [menuId, menus] : m_menuBars)
+        for (QMenu* menu : menus) menu->deleteLater();
+    m_menuBars.clear();
+    CreateMenus();
+    m_menuId = 0;
+    UpdateCommandUI();
+    if (m_tree->topLevelItemCount() > 0) {
+        const QTreeWidgetItem* current = m_tree->currentItem();
+        const int selected = current ? CCJTreeCtrl::ItemData(current) : -1;
+        RebuildTree();
+        if (QTreeWidgetItem* item = m_tree->FindByData(selected)) m_tree->setCurrentItem(item);
+    }
+    if (CM330View* view = View()) view->OnRefreshList();
 }
 
 void CMainFrame::CreateToolBar() {
@@ -197,6 +231,12 @@ void CMainFrame::InstallBuiltInHandlers() {
     m_handlers[CmdId::ViewToolbar] = [this] { m_toolbar->setVisible(m_toolbar->isHidden()); };
     m_handlers[CmdId::ViewStatusBar] = [this] { statusBar()->setVisible(statusBar()->isHidden()); };
     m_handlers[CmdId::ProjectWindow] = [this] { m_dock->setVisible(m_dock->isHidden()); };
+    for (const auto& [id, language] : {std::pair{CmdId::LanguageSystem, UiLanguage::System},
+                                       std::pair{CmdId::LanguageEnglish, UiLanguage::English}})
+        m_handlers[id] = [this, language] {
+            ApplyLanguage(language);
+            WriteLanguageSetting(LanguageIniPath(m_recent.IniPath()), language);
+        };
     m_handlers[CmdId::Connect] = [this] {
         CConnectDlg dlg(m_link, this);
         dlg.exec();

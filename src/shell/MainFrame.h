@@ -81,6 +81,8 @@ public:
     CommandState CurrentCommandState() const;
     QAction* Action(int id) const;
     int CurrentMenuId() const { return m_menuId; }
+    // The settings file of the session (the recent-project list); others keep theirs beside it.
+    const QString& SettingsIniPath() const;
 
     QString m_strAppDir;  // program directory, with its closing separator
 
@@ -89,6 +91,8 @@ signals:
     void RowEditRequested(int group, int rowIndex);
 
 protected:
+    // A language switch: menus, tool tips, tree and list are worded anew.
+    void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
@@ -119,6 +123,7 @@ private:
     void LayoutStatusPanes();
     void RefreshRecentActions();
     void OnHelp();
+    void Retranslate();
     static void DisposeWindow(CChildFrame* child);
 
     SessionState m_session;

@@ -45,9 +45,11 @@ constexpr std::array kRun129{
     Sep(),               Cmd(CmdId::Status),     Cmd(CmdId::Control), Cmd(CmdId::GraphWatch),
     Cmd(CmdId::KeyPad),  Sep(),                  Cmd(CmdId::AutoRefresh),
     Popup("Parameter Pass&word", kPassword129),  Cmd(CmdId::ChangeComm)};
+constexpr std::array kLanguage129{Cmd(CmdId::LanguageSystem), Cmd(CmdId::LanguageEnglish)};
 constexpr std::array kView129{Cmd(CmdId::ViewToolbar), Cmd(CmdId::ViewStatusBar), Cmd(CmdId::ProjectWindow),
                               Sep(), Cmd(CmdId::ParamSelect),
-                              Cmd(CmdId::FrameLog)};
+                              Cmd(CmdId::FrameLog),
+                              Sep(), Popup("&Language", kLanguage129)};
 constexpr std::array kHelp129{Cmd(CmdId::Help), Cmd(CmdId::About)};
 constexpr std::array kBar129{Popup("&File", kFile129), Popup("&Edit", kEdit129), Popup("&Run", kRun129),
                              Popup("&View", kView129), Popup("&Help", kHelp129)};

@@ -1,5 +1,7 @@
 #include "shell/ParamList.h"
 
+#include "params/ParamNames.h"
+
 #include <algorithm>
 
 namespace quillon {
@@ -7,12 +9,12 @@ namespace {
 
 void AppendGroup(const CM330Doc& doc, int g, std::vector<ParamListLine>& lines) {
     const ParamGroup& group = doc.GroupAt(g);
-    lines.push_back({g, -1, QStringLiteral("  ") + group.m_strName, {}, {}, false});
+    lines.push_back({g, -1, QStringLiteral("  ") + GroupNameOf(group.m_strName), {}, {}, false});
     const int rows = static_cast<int>(std::min<size_t>(group.m_rows.size(), kRowsPerGroup));
     for (int r = 0; r < rows; ++r) {
         if (!doc.m_rowExists[g][r]) continue;
         const ParamRow& row = group.m_rows[r];
-        lines.push_back({g, r, QStringLiteral("    ") + row.m_strName,
+        lines.push_back({g, r, QStringLiteral("    ") + ParamCodeOf(row) + u' ' + ParamNameOf(row),
                          QStringLiteral("  ") + row.m_strDefault,
                          QStringLiteral("  ") + row.m_strSetValue, doc.RowChanged(g, r)});
     }

@@ -1,6 +1,6 @@
 #pragma once
 // The lines of the main view's parameter list: per group a heading line (two blanks and the
-// group's name), then, for each row the catalogue really has, its name behind four blanks and its
+// group's name), then, for each row the catalogue really has, its code and name behind four blanks and its
 // default and set value behind two. The list shows one group, or groups 00 to 13 below each other;
 // with the simplified parameters in force it always shows the simplified group.
 
@@ -16,7 +16,7 @@ namespace quillon {
 struct ParamListLine {
     int group = 0;
     int row = -1;           // -1: the group's heading line
-    QString name;           // "  group name" or "    row name"
+    QString name;           // "  group name" or "    00-11 row name", in the current language
     QString defaultValue;   // "  " + default; empty on a heading
     QString setValue;       // "  " + set value; empty on a heading
     bool changed = false;   // the set value changed in the editor and is not written yet

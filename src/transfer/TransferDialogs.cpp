@@ -1,6 +1,7 @@
 #include "transfer/TransferDialogs.h"
 
 #include "base/ErrorReport.h"
+#include "base/Language.h"
 #include "base/Prompt.h"
 #include "base/SessionState.h"
 #include "base/TextConv.h"
@@ -140,7 +141,7 @@ void CWriteDlg::accept() {
 
 CUnwrittenParamDlg::CUnwrittenParamDlg(const std::vector<MotorParam>& params, QWidget* parent)
     : QDialog(parent), m_list(new QTableWidget(static_cast<int>(params.size()), 2, this)) {
-    setWindowTitle(QStringLiteral("未写入马达参数"));
+    setWindowTitle(Translated("Caption", "未写入马达参数"));
     m_list->setHorizontalHeaderLabels({QStringLiteral("Code"), QStringLiteral("Parameter Name")});
     m_list->verticalHeader()->hide();
     m_list->setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -221,7 +222,7 @@ CCommParamDlg::CCommParamDlg(SessionState& session, ITransferWindows& windows, Q
       m_baud(new QComboBox(this)),
       m_stop(new QComboBox(this)),
       m_parity(new QComboBox(this)) {
-    setWindowTitle(QStringLiteral("通讯功能参数修改"));
+    setWindowTitle(Translated("Caption", "通讯功能参数修改"));
     const CommParamChoice initial =
         InitialCommChoice(session.m_stations.empty() ? 1 : session.m_stations.front());
     m_baud->addItems({QStringLiteral("0:4800"), QStringLiteral("1:9600"), QStringLiteral("2:19200"),

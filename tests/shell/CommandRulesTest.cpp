@@ -45,7 +45,7 @@ std::set<int> ShownCommands() {
 TEST(CommandRules, EnableStatesWithoutProjectWithProjectAndOnline) {
     const std::set<int> alwaysOn{CmdId::New, CmdId::Open, CmdId::Exit, CmdId::PrintSetup, CmdId::Help,
                                  CmdId::About, CmdId::ViewToolbar, CmdId::ViewStatusBar, CmdId::ProjectWindow,
-                                 CmdId::FrameLog};
+                                 CmdId::FrameLog, CmdId::LanguageSystem, CmdId::LanguageEnglish};
     const std::set<int> needProject{CmdId::Save, CmdId::SaveAs, CmdId::Close, CmdId::Print,
                                     CmdId::PrintPreview, CmdId::PrintTitle, CmdId::ImportParams,
                                     CmdId::ExportParams, CmdId::Connect, CmdId::Compare,
@@ -174,7 +174,7 @@ TEST(ParamList, LinesOfOneGroupAllGroupsAndTheSimplifiedGroup) {
     for (size_t i = 1; i < group2.size(); ++i) {
         const ParamRow& row = doc.RowAt(2, group2[i].row);
         EXPECT_EQ(row.m_bExists, 1);
-        EXPECT_EQ(group2[i].name, "    " + row.m_strName);
+        EXPECT_EQ(group2[i].name, "    " + row.m_strCode.left(5) + " " + row.m_strName);
         EXPECT_EQ(group2[i].defaultValue, "  " + row.m_strDefault);
         EXPECT_EQ(group2[i].setValue, "  " + row.m_strSetValue);
         EXPECT_EQ(group2[i].changed, group2[i].row == 3);

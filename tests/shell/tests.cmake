@@ -2,6 +2,7 @@ quillon_add_test(shell_test SOURCES ${CMAKE_CURRENT_LIST_DIR}/SessionFilesTest.c
 quillon_add_test(shell_widgets_test WIDGETS SOURCES
   ${CMAKE_CURRENT_LIST_DIR}/AppTest.cpp
   ${CMAKE_CURRENT_LIST_DIR}/MainFrameTest.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/LanguageTest.cpp
 )
 quillon_add_test(shell_rules_test SOURCES
   ${CMAKE_CURRENT_LIST_DIR}/CommandRulesTest.cpp

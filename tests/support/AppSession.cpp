@@ -1,6 +1,7 @@
 #include "support/AppSession.h"
 
 #include "base/Globals.h"
+#include "base/Language.h"
 #include "params/ModelSelectDlg.h"
 #include "shell/CommandIds.h"
 #include "support/WidgetTestSupport.h"
@@ -17,6 +18,8 @@ CM330App& App()
 AppSession::AppSession()
 {
     ResetGlobals();
+    // The program's own texts, whatever the desktop's locale.
+    WriteLanguageSetting(LanguageIniPath(dir.Path() + "recent.ini"), UiLanguage::System);
     App().SetOptions({dir.Path() + "recent.ini", dir.Path(), /*showWindow=*/false, {}});
     EXPECT_TRUE(App().InitInstance());
     frame = App().MainFrame();
