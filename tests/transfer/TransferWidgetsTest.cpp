@@ -28,6 +28,7 @@
 #include <QTableWidget>
 #include <QTest>
 #include <QTimer>
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <set>
 
@@ -280,11 +281,21 @@ TEST_F(SlowDriveTest, ReadKeepsTheWindowsAliveAndShowsItsProgress) {
 
 // Compare's drive read is the Read command's: its frames are link work too.
 TEST_F(SlowDriveTest, CompareReadKeepsTheWindowsAlive) {
+    CProgressDlg& progress = *Transfer().ProgressWindow();
     m_prompt.Station(1);
     OnNextModal<CCompareSelectDlg>([](CCompareSelectDlg& d) { d.accept(); });
-    UiBeat beat;
+    // Only the read is link work: the longest gap is taken while the progress window shows, after
+    // its first rendering (as in the Read test); building the compare window afterwards is not.
+    progress.grab();
+    qint64 readGap = 0;
+    UiBeat* beating = nullptr;
+    UiBeat beat([&] {
+        if (beating && progress.isVisible()) readGap = std::max(readGap, beating->LongestGapMs());
+    });
+    beating = &beat;
     m_app.frame->OnCommand(CmdId::Compare);
-    EXPECT_LT(beat.LongestGapMs(), 150);
+    EXPECT_GT(readGap, 0);
+    EXPECT_LT(readGap, 150);
     EXPECT_TRUE(m_prompt.Messages().isEmpty());
     EXPECT_EQ(CompareUiOf(*m_app.frame)->Command().Mode(), kCompareSetRead);
     EXPECT_TRUE(CompareUiOf(*m_app.frame)->Window()->isVisible());
