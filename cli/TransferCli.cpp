@@ -1,6 +1,7 @@
 #include "TransferCli.h"
 
 #include "base/Globals.h"
+#include "base/Language.h"
 #include "link/FrameLog.h"
 #include "link/LineSettings.h"
 #include "link/ModbusFrame.h"
@@ -164,7 +165,8 @@ void PrepareSession(SessionState& session, int station) {
 }
 
 void CCliWindows::ShowUnwrittenParams(const std::vector<MotorParam>& params) {
-    std::fprintf(stderr, "%s\nCode\tParameter Name\n", "未写入马达参数");
+    std::fprintf(stderr, "%s\nCode\tParameter Name\n",
+                 Translated("Caption", "未写入马达参数").toUtf8().constData());
     for (const MotorParam& p : params)
         std::fprintf(stderr, "%s\t%s\n", p.m_strCode.toUtf8().constData(),
                      p.m_strName.toUtf8().constData());

@@ -6,8 +6,10 @@
 
 #include "base/DataFiles.h"
 #include "base/Globals.h"
+#include "base/Language.h"
 #include "base/SafeSave.h"
 #include "base/TextTable.h"
+#include "shell/LanguageSwitch.h"
 
 #include <QCoreApplication>
 #include <QGuiApplication>
@@ -34,7 +36,23 @@ void PrintHelp(QTextStream& out) {
     out << "\nData files (PARAM.DAT, IntialParam.DAT, ...) are read from the program's directory.\n"
            "Commands that use a link also take --log-frames FILE: each request and reply in hex\n"
            "with its time and result, appended to FILE.\n"
+           "--lang en before or after the command gives group and parameter names and the\n"
+           "program's own words in English; without it they stand as the desktop shows them by\n"
+           "default.\n"
            "Exit codes: 0 done, 1 the work failed, 2 bad arguments.\n";
+}
+
+// Takes "--lang KEY" out of `args`: the language the texts are given in. Empty when all is well.
+QString TakeLanguageOption(QStringList& args) {
+    const qsizetype at = args.indexOf(QStringLiteral("--lang"));
+    if (at < 0) return {};
+    if (at + 1 >= args.size()) return QStringLiteral("--lang takes en or system");
+    const QString key = args[at + 1];
+    if (key != LanguageSettingKey(UiLanguage::English) && key != LanguageSettingKey(UiLanguage::System))
+        return QStringLiteral("--lang takes en or system, not '%1'").arg(key);
+    args.remove(at, 2);
+    ApplyLanguage(LanguageFromSetting(key, QLocale::AnyLanguage));
+    return {};
 }
 
 }  // namespace
@@ -58,6 +76,7 @@ int main(int argc, char** argv) {
 
     QStringList args = app.arguments().mid(1);
     QTextStream out(stdout);
+    if (const QString error = TakeLanguageOption(args); !error.isEmpty()) return UsageError(error);
     if (args.isEmpty()) {
         PrintHelp(out);
         return kExitUsage;

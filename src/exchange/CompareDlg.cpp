@@ -6,6 +6,7 @@
 #include "exchange/PrintPainter.h"
 
 #include <QDialogButtonBox>
+#include <QEvent>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -43,7 +44,7 @@ CCompareSelectDlg::CCompareSelectDlg(bool linked, QWidget* parent) : QDialog(par
     auto* frame = new QGroupBox(Translated("Caption", "比较内容选择"), this);
     auto* choices = new QVBoxLayout(frame);
     for (int m = 0; m < kCompareModeCount; ++m) {
-        auto* radio = new QRadioButton(QString::fromUtf8(ColumnsOf(m).choice), frame);
+        auto* radio = new QRadioButton(Translated("Caption", ColumnsOf(m).choice), frame);
         radio->setEnabled(linked || m == kCompareDefaultSet);
         choices->addWidget(radio);
         m_choices[static_cast<std::size_t>(m)] = radio;
@@ -69,11 +70,11 @@ CCompareDlg::CCompareDlg(QPrinter& printer, QWidget* parent)
     : QDialog(parent),
       m_printer(printer),
       m_list(new QTableWidget(this)),
-      m_save(new QPushButton(Translated("Caption", "保存"), this)),
-      m_print(new QPushButton(Translated("Caption", "打印"), this)),
-      m_close(new QPushButton(Translated("Caption", "关闭"), this)) {
+      m_save(new QPushButton(this)),
+      m_print(new QPushButton(this)),
+      m_close(new QPushButton(this)) {
     setObjectName(QStringLiteral("CompareDlg"));
-    setWindowTitle(Translated("Caption", "比较"));
+    Retranslate();
     m_list->setShowGrid(true);
     m_list->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_list->setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -116,6 +117,18 @@ void CCompareDlg::Fill(int mode, const CompareResult& result) {
             for (int i = 0; i < 4; ++i) m_list->setItem(line, i, new QTableWidgetItem(texts[i]));
         }
     }
+}
+
+void CCompareDlg::Retranslate() {
+    setWindowTitle(Translated("Caption", "比较"));
+    m_save->setText(Translated("Caption", "保存"));
+    m_print->setText(Translated("Caption", "打印"));
+    m_close->setText(Translated("Caption", "关闭"));
+}
+
+void CCompareDlg::changeEvent(QEvent* event) {
+    QDialog::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange) Retranslate();
 }
 
 void CCompareDlg::SizeNameColumn() {

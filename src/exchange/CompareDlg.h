@@ -49,9 +49,12 @@ public:
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
+    // The window lives as long as the program: a language switch words it anew.
+    void changeEvent(QEvent* event) override;
 
 private:
     void SizeNameColumn();
+    void Retranslate();
 
     QPrinter& m_printer;
     QTableWidget* m_list;

@@ -1,6 +1,7 @@
 #include "exchange/CompareRows.h"
 
 #include "params/M330Doc.h"
+#include "params/ParamNames.h"
 
 #include <array>
 
@@ -38,7 +39,7 @@ QByteArray CompareText(const CompareResult& result, int mode) {
     const CompareColumns& c = ColumnsOf(mode);
     QByteArray text;
     for (const ParamGroup& group : result) {
-        text += group.m_strName.toUtf8() + "\r\n";
+        text += GroupNameOf(group.m_strName).toUtf8() + "\r\n";
         for (const ParamRow& row : group.m_rows)
             text += row.m_strCode.toUtf8() + '\t' + (row.*c.left).toUtf8() + '\t' +
                     (row.*c.right).toUtf8() + "\r\n";

@@ -1,5 +1,7 @@
 #include "exchange/PrintLayout.h"
 
+#include "params/ParamNames.h"
+
 namespace quillon {
 namespace {
 
@@ -92,7 +94,7 @@ PrintPage LayoutListPage(const CM330Doc& doc, const std::vector<ListLine>& lines
         switch (line.kind) {
         case ListLine::Heading:
             text(kRowFont, 50, y,
-                 QStringLiteral("===== ") + doc.GroupAt(line.group).m_strName +
+                 QStringLiteral("===== ") + GroupNameOf(doc.GroupAt(line.group).m_strName) +
                      QStringLiteral(" ====="));
             break;
         case ListLine::ColumnHeads:

@@ -1,6 +1,7 @@
 #include "params/ParamNames.h"
 
 #include "base/Language.h"
+#include "params/M330Doc.h"
 
 namespace quillon {
 
@@ -16,6 +17,17 @@ QString ParamNameOf(const ParamRow& row) {
 
 QString GroupNameOf(const QString& name) {
     return Translated("TextTable", name.toUtf8().constData());
+}
+
+std::vector<MotorParam> MotorListInLanguage(const CM330Doc& doc) {
+    std::vector<MotorParam> list = doc.m_motorList;
+    if (CurrentLanguage() != UiLanguage::English) return list;
+    for (MotorParam& param : list)
+        for (const ParamGroup& group : doc.m_groups)
+            for (const ParamRow& row : group.m_rows)
+                if (row.m_bExists && ParamCodeOf(row) == param.m_strCode)
+                    param.m_strName = ParamNameOf(row);
+    return list;
 }
 
 }  // namespace quillon

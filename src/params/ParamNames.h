@@ -6,8 +6,11 @@
 #include "params/ParamTypes.h"
 
 #include <QString>
+#include <vector>
 
 namespace quillon {
+
+class CM330Doc;
 
 // "00-11" or "F05": the code in front of a row's list text.
 QString ParamCodeOf(const ParamRow& row);
@@ -15,5 +18,8 @@ QString ParamCodeOf(const ParamRow& row);
 QString ParamNameOf(const ParamRow& row);
 // A group name as the catalogue or the text table words it, in the current language.
 QString GroupNameOf(const QString& name);
+// The document's motor list with each name in the current language: the motor list file has
+// only the Chinese names, the English ones come from the catalogue row of the same code.
+std::vector<MotorParam> MotorListInLanguage(const CM330Doc& doc);
 
 }  // namespace quillon

@@ -2,7 +2,8 @@
 // Puts a language in force for the whole program: the parameter names follow at once, and the
 // compiled English translation is installed on (or taken off) the application, which tells every
 // window to word itself anew (QEvent::LanguageChange). The main window rebuilds its menus, tool
-// tips, tree and list on that event; dialogs open at the switch keep their words until reopened.
+// tips, tree and list on that event, and so does the compare window, which lives as long as the
+// program; modal dialogs can't be open at a switch, and the others keep their words until reopened.
 
 #include "base/Language.h"
 

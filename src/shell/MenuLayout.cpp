@@ -15,6 +15,9 @@ constexpr MenuEntry Popup(const char* title, const std::array<MenuEntry, N>& ite
     return {MenuEntry::Popup, 0, title, items};
 }
 
+// The language chooser, in both menu bars.
+constexpr std::array kLanguage{Cmd(CmdId::LanguageSystem), Cmd(CmdId::LanguageEnglish)};
+
 // Menu 128: no project.
 constexpr std::array kRecent128{Recent()};
 constexpr std::array kFile128{Cmd(CmdId::New), Cmd(CmdId::Open), Sep(),
@@ -22,8 +25,10 @@ constexpr std::array kFile128{Cmd(CmdId::New), Cmd(CmdId::Open), Sep(),
 constexpr std::array kInv128{Cmd(CmdId::Connect), Cmd(CmdId::Read),       Sep(),
                              Cmd(CmdId::Status),  Cmd(CmdId::Control),    Cmd(CmdId::GraphWatch),
                              Cmd(CmdId::KeyPad)};
+constexpr std::array kView128{Popup("&Language", kLanguage)};
 constexpr std::array kHelp128{Cmd(CmdId::Help, "&How to..."), Cmd(CmdId::About)};
-constexpr std::array kBar128{Popup("&File", kFile128), Popup("&INV", kInv128), Popup("&Help", kHelp128)};
+constexpr std::array kBar128{Popup("&File", kFile128), Popup("&INV", kInv128), Popup("&View", kView128),
+                             Popup("&Help", kHelp128)};
 
 // Menu 129: a project is open.
 constexpr std::array kFile129{
@@ -45,11 +50,10 @@ constexpr std::array kRun129{
     Sep(),               Cmd(CmdId::Status),     Cmd(CmdId::Control), Cmd(CmdId::GraphWatch),
     Cmd(CmdId::KeyPad),  Sep(),                  Cmd(CmdId::AutoRefresh),
     Popup("Parameter Pass&word", kPassword129),  Cmd(CmdId::ChangeComm)};
-constexpr std::array kLanguage129{Cmd(CmdId::LanguageSystem), Cmd(CmdId::LanguageEnglish)};
 constexpr std::array kView129{Cmd(CmdId::ViewToolbar), Cmd(CmdId::ViewStatusBar), Cmd(CmdId::ProjectWindow),
                               Sep(), Cmd(CmdId::ParamSelect),
                               Cmd(CmdId::FrameLog),
-                              Sep(), Popup("&Language", kLanguage129)};
+                              Sep(), Popup("&Language", kLanguage)};
 constexpr std::array kHelp129{Cmd(CmdId::Help), Cmd(CmdId::About)};
 constexpr std::array kBar129{Popup("&File", kFile129), Popup("&Edit", kEdit129), Popup("&Run", kRun129),
                              Popup("&View", kView129), Popup("&Help", kHelp129)};

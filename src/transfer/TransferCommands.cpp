@@ -9,6 +9,7 @@
 #include "params/M330Doc.h"
 #include "params/ModelLimits.h"
 #include "params/ModelTable.h"
+#include "params/ParamNames.h"
 #include "transfer/GroupRead.h"
 #include "transfer/Password.h"
 #include "transfer/TransferWindows.h"
@@ -195,7 +196,7 @@ bool CTransferCommands::OnWrite() {
     m_windows.RefreshList();
     m_session.m_bWriting = 0;
     progress.Hide();
-    if (!m_bWriteMotorData) m_windows.ShowUnwrittenParams(doc->m_motorList);
+    if (!m_bWriteMotorData) m_windows.ShowUnwrittenParams(MotorListInLanguage(*doc));
     Prompt().Message(QString::fromLatin1(kWriteSuccessful), MessageKind::Information);
     return true;
 }

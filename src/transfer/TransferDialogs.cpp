@@ -150,7 +150,7 @@ CUnwrittenParamDlg::CUnwrittenParamDlg(const std::vector<MotorParam>& params, QW
         m_list->setItem(i, 0, new QTableWidgetItem(params[static_cast<std::size_t>(i)].m_strCode));
         m_list->setItem(i, 1, new QTableWidgetItem(params[static_cast<std::size_t>(i)].m_strName));
     }
-    auto* ok = new QPushButton(QStringLiteral("确定"), this);
+    auto* ok = new QPushButton(Translated("Caption", "确定"), this);
     ok->setDefault(true);
     connect(ok, &QPushButton::clicked, this, Guarded([this] { QDialog::accept(); }));
     auto* layout = new QVBoxLayout(this);
@@ -222,14 +222,14 @@ CCommParamDlg::CCommParamDlg(SessionState& session, ITransferWindows& windows, Q
       m_baud(new QComboBox(this)),
       m_stop(new QComboBox(this)),
       m_parity(new QComboBox(this)) {
+    const auto words = [](const char* text) { return Translated("CommParam", text); };
     setWindowTitle(Translated("Caption", "通讯功能参数修改"));
     const CommParamChoice initial =
         InitialCommChoice(session.m_stations.empty() ? 1 : session.m_stations.front());
     m_baud->addItems({QStringLiteral("0:4800"), QStringLiteral("1:9600"), QStringLiteral("2:19200"),
                       QStringLiteral("3:38400")});
-    m_stop->addItems({QStringLiteral("0:1停止位"), QStringLiteral("1:2停止位")});
-    m_parity->addItems(
-        {QStringLiteral("0:无奇偶位"), QStringLiteral("1:偶位"), QStringLiteral("2:奇位")});
+    m_stop->addItems({words("0:1停止位"), words("1:2停止位")});
+    m_parity->addItems({words("0:无奇偶位"), words("1:偶位"), words("2:奇位")});
     m_baud->setCurrentIndex(initial.baudIndex);
     m_stop->setCurrentIndex(initial.stopIndex);
     m_parity->setCurrentIndex(initial.parityList);
@@ -248,10 +248,10 @@ CCommParamDlg::CCommParamDlg(SessionState& session, ITransferWindows& windows, Q
     stationRow->addWidget(m_station);
     stationRow->addWidget(new QLabel(QStringLiteral("1~32"), this));
     auto* form = new QFormLayout;
-    form->addRow(QStringLiteral("09-01 变频器通讯站别"), stationRow);
-    form->addRow(QStringLiteral("09-02 波特率设定"), m_baud);
-    form->addRow(QStringLiteral("09-03 停止位选择"), m_stop);
-    form->addRow(QStringLiteral("09-04 奇偶位选择"), m_parity);
+    form->addRow(words("09-01 变频器通讯站别"), stationRow);
+    form->addRow(words("09-02 波特率设定"), m_baud);
+    form->addRow(words("09-03 停止位选择"), m_stop);
+    form->addRow(words("09-04 奇偶位选择"), m_parity);
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(form);
     layout->addWidget(OkCancel(this));

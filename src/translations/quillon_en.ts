@@ -213,6 +213,18 @@
         <source>打印</source>
         <translation>Print</translation>
     </message>
+    <message>
+        <source>出厂值和编辑值比较</source>
+        <translation>Default against set value</translation>
+    </message>
+    <message>
+        <source>出厂值和读取值比较</source>
+        <translation>Default against read value</translation>
+    </message>
+    <message>
+        <source>编辑值和读取值比较</source>
+        <translation>Set value against read value</translation>
+    </message>
 </context>
 <context>
     <name>Options</name>
@@ -962,6 +974,45 @@
     <message>
         <source>数字输入</source>
         <translation>Digital inputs</translation>
+    </message>
+</context>
+<context>
+    <name>CommParam</name>
+    <message>
+        <source>09-01 变频器通讯站别</source>
+        <translation>09-01 Drive station number</translation>
+    </message>
+    <message>
+        <source>09-02 波特率设定</source>
+        <translation>09-02 Baud rate</translation>
+    </message>
+    <message>
+        <source>09-03 停止位选择</source>
+        <translation>09-03 Stop bits</translation>
+    </message>
+    <message>
+        <source>09-04 奇偶位选择</source>
+        <translation>09-04 Parity</translation>
+    </message>
+    <message>
+        <source>0:1停止位</source>
+        <translation>0:1 stop bit</translation>
+    </message>
+    <message>
+        <source>1:2停止位</source>
+        <translation>1:2 stop bits</translation>
+    </message>
+    <message>
+        <source>0:无奇偶位</source>
+        <translation>0:No parity</translation>
+    </message>
+    <message>
+        <source>1:偶位</source>
+        <translation>1:Even parity</translation>
+    </message>
+    <message>
+        <source>2:奇位</source>
+        <translation>2:Odd parity</translation>
     </message>
 </context>
 </TS>

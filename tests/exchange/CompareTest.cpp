@@ -178,6 +178,13 @@ TEST_F(CompareTest, CliPrintsTheSavedTextAndFailsOnlyForTheLink) {
     const ProgramRun differs = RunProgram(cli, {"compare", qpj, "--mode", "0"});
     EXPECT_EQ(differs.code, 0);
     EXPECT_EQ(differs.out.toUtf8(), CompareText(CompareRows(*m_doc, 0), 0));
+    EXPECT_TRUE(differs.out.startsWith(QStringLiteral("群组 00: 基本功能\r\n")));
+    // The group names in English, the rest as it was; a language the program lacks is refused.
+    const ProgramRun english = RunProgram(cli, {"--lang", "en", "compare", qpj, "--mode", "0"});
+    EXPECT_EQ(english.code, 0) << english.err.toStdString();
+    EXPECT_EQ(english.out, QString(differs.out).replace(QStringLiteral("群组 00: 基本功能"),
+                                                        QStringLiteral("Group 00: Basic functions")));
+    EXPECT_EQ(RunProgram(cli, {"compare", qpj, "--mode", "0", "--lang", "fr"}).code, 2);
     // Nobody listens on port 1 of loopback.
     const ProgramRun noLink = RunProgram(cli, {"compare", qpj, "--tcp", "127.0.0.1:1", "--station", "1"});
     EXPECT_EQ(noLink.code, 1);

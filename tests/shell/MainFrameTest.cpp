@@ -50,7 +50,7 @@ TEST(MainFrame, MenusAndCommandStatesFollowTheSession) {
     ScriptedPrompt prompt;
     Session s;
     EXPECT_EQ(s.frame->CurrentMenuId(), 128);
-    EXPECT_EQ(s.MenuTitles(), (QStringList{"&File", "&INV", "&Help"}));
+    EXPECT_EQ(s.MenuTitles(), (QStringList{"&File", "&INV", "&View", "&Help"}));
     EXPECT_TRUE(s.Enabled(CmdId::New));
     EXPECT_TRUE(s.Enabled(CmdId::Open));
     for (int id : {CmdId::Connect, CmdId::Read, CmdId::Status, CmdId::Control, CmdId::GraphWatch,
