@@ -1,6 +1,7 @@
 #include "link/PortMap.h"
 
 #include "base/Globals.h"
+#include "base/SessionPlaces.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -158,9 +159,14 @@ std::pair<std::vector<PortEntry>, std::vector<PortEntry>> PinnedLists(const QStr
 {
     auto env = ParsePinnedPorts(qEnvironmentVariable(kPortsEnvVar));
     std::vector<PortEntry> file;
-    QFile map(QDir(ProgramDir(appDir)).filePath(QString::fromLatin1(kPortsFileName)));
-    if (map.open(QIODevice::ReadOnly | QIODevice::Text))
+    // Beside the program, else (an installed program) in the user's configuration folder.
+    const QString name = QString::fromLatin1(kPortsFileName);
+    for (const QString& path : {QDir(ProgramDir(appDir)).filePath(name), UserConfigDir() + u'/' + name}) {
+        QFile map(path);
+        if (!map.open(QIODevice::ReadOnly | QIODevice::Text)) continue;
         file = ParsePinnedPorts(QString::fromUtf8(map.readAll()));
+        break;
+    }
     return {std::move(env), std::move(file)};
 }
 

@@ -3,7 +3,7 @@
 //
 // The connection logic and the session files know serial ports by COM number only. Pinned
 // entries come first: the environment variable QUILLON_PORTS, then the file ports.map beside
-// the program, both as "COM1=/dev/ttyUSB0,COM7=/tmp/sim0" (entries split at commas or line
+// the program (or, when there is none, in the user's configuration folder), both as "COM1=/dev/ttyUSB0,COM7=/tmp/sim0" (entries split at commas or line
 // breaks; blank lines and lines starting with '#' are ignored; the variable wins over the file
 // for the same COM number). Then every serial device the system lists takes the lowest free
 // numbers: USB and ACM adapters first, then on-board UARTs, each kind in name order, so the

@@ -20,7 +20,6 @@ namespace quillon {
 CM330App::CM330App(int& argc, char** argv, Options options)
     : QApplication(argc, argv), m_options(std::move(options)), m_recent(m_options.recentIniPath) {
     setApplicationName(QStringLiteral("Quillon"));
-    setOrganizationName(QStringLiteral("Local AppWizard-Generated Applications"));
     setWindowIcon(QIcon(ProgramPicture(48)));
     setStyle(new CIconCachingStyle);  // the application owns it
     m_previousPrompt = SetPrompt(&m_prompt);

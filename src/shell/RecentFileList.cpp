@@ -1,11 +1,11 @@
 #include "shell/RecentFileList.h"
 
 #include "base/SafeSave.h"
+#include "base/SessionPlaces.h"
 
 #include <QDir>
 #include <QFileInfo>
 #include <QSettings>
-#include <QStandardPaths>
 #include <QUrl>
 #include <algorithm>
 
@@ -39,9 +39,9 @@ CRecentFileList::CRecentFileList(QString iniPath)
     : m_iniPath(iniPath.isEmpty() ? DefaultIniPath() : std::move(iniPath)) {}
 
 QString CRecentFileList::DefaultIniPath() {
-    const QString dir = QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation);
-    return (dir.isEmpty() ? QDir::homePath() + QStringLiteral("/.config/quillon") : dir) +
-           QStringLiteral("/quillon.ini");
+    // Beside the session files of an installed program, so one folder holds all the user's
+    // settings of this program.
+    return UserConfigDir() + QStringLiteral("/quillon.ini");
 }
 
 void CRecentFileList::ReadList() {

@@ -1,6 +1,7 @@
 // COM names and the devices behind them.
 
 #include "link/PortMap.h"
+#include "support/ScopedEnv.h"
 
 #include <QDir>
 #include <QFile>
@@ -93,6 +94,20 @@ TEST(PortMap, ScanReadsTheVariableAndTheFileBesideTheProgram)
     EXPECT_EQ(DeviceForPortName(QStringLiteral("TCPIP"), dir.path()), "");
     qunsetenv(kPortsEnvVar);
     EXPECT_EQ(DeviceForPortName(QStringLiteral("COM7"), dir.path()), "/tmp/from-file");
+
+    // An installed program's folder holds no map: the user's configuration folder may.
+    QTemporaryDir config;
+    const test::ScopedEnv xdg("XDG_CONFIG_HOME", QFile::encodeName(config.path()));
+    ASSERT_TRUE(QDir(config.path()).mkpath("quillon"));
+    QFile users(config.filePath("quillon/ports.map"));
+    ASSERT_TRUE(users.open(QIODevice::WriteOnly));
+    users.write("COM9=/tmp/users-nine\n");
+    users.close();
+    QTemporaryDir installed;
+    EXPECT_EQ(DeviceForPortName(QStringLiteral("COM9"), installed.path()), "/tmp/users-nine");
+    // The map beside the program is the one that counts when both are there.
+    EXPECT_EQ(DeviceForPortName(QStringLiteral("COM9"), dir.path()), "");
+    EXPECT_EQ(DeviceForPortName(QStringLiteral("COM8"), dir.path()), "/tmp/file-eight");
 }
 
 }  // namespace

@@ -3,11 +3,14 @@
 
 #include "base/CommSettings.h"
 #include "base/Globals.h"
+#include "base/Language.h"
+#include "base/SessionPlaces.h"
 #include "link/PortSessionFile.h"
 #include "shell/RecentFileList.h"
 #include "shell/StartupArgs.h"
 #include "support/TestDirs.h"
 #include "support/ProgramRun.h"
+#include "support/ScopedEnv.h"
 
 #include <QDir>
 #include <QFile>
@@ -211,6 +214,19 @@ TEST(RecentFileList, KeepsEightNewestFirstAndStoresThemUnderTheirKeys) {
     again.ReadList();
     EXPECT_EQ(again.At(0), odd[1]);
     EXPECT_EQ(again.At(1), odd[0]);
+}
+
+TEST(RecentFileList, WithoutAPathItLivesWithTheOtherUserSettings) {
+    QTemporaryDir config;
+    const test::ScopedEnv xdg("XDG_CONFIG_HOME", QFile::encodeName(config.path()));
+    CRecentFileList list{QString()};
+    list.Add("/p/a.qpj");
+    ASSERT_TRUE(list.WriteList());
+    const QString folder = config.filePath("quillon");
+    EXPECT_TRUE(QFile::exists(folder + "/quillon.ini"));
+    // The language choice and an installed program's session files go to the same folder.
+    EXPECT_EQ(LanguageIniPath(list.IniPath()), folder + "/language.ini");
+    EXPECT_EQ(SessionFilePlaces("/nowhere/", "kcomfile.ini")[1], folder + "/kcomfile.ini");
 }
 
 TEST(RecentFileList, DisplayNameIsCutToThirtyCharactersKeepingTheEnd) {
