@@ -26,6 +26,10 @@ for f in PARAM.DAT IntialParam.DAT R770MOTORPARAM.DAT R770.SPE help/index.html; 
   [ -f "$share/quillon/$f" ] || fail "share/quillon/$f not installed"
 done
 [ -z "$(find "$bin" -type f ! -perm -u+x)" ] || fail "data files in bin/: $(ls "$bin")"
+# No library is taken from the build tree either.
+for f in quillon quillon-cli r770-sim; do
+  ! ldd "$bin/$f" | grep -F "$(cd "$build" && pwd)" || fail "$f loads a library from the build tree"
+done
 [ -f "$share/icons/hicolor/scalable/apps/quillon.svg" ] || fail "icon not installed"
 # The desktop's MIME database, built from the staged share/mime, maps *.qpj to the project type.
 if command -v update-mime-database >/dev/null; then
