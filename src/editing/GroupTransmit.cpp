@@ -6,6 +6,7 @@
 #include "link/RegisterReaders.h"
 #include "params/M330Doc.h"
 #include "transfer/GroupWrite.h"
+#include "transfer/WriteGuards.h"
 
 namespace quillon {
 namespace {
@@ -22,19 +23,8 @@ bool OnLink(TransmitContext& context, const std::function<bool()>& step) {
 }
 
 bool Guards(TransmitContext& context, CDriveSerial& link, int station) {
-    int locked = 0;
-    if (!OnLink(context, [&] { return ReadPasswordState(link, station, locked) != 0; }))
+    if (!PassWriteGuards(link, station, [&](const auto& step) { return OnLink(context, step); }))
         return false;
-    if (locked) {
-        Prompt().Message(QString::fromLatin1(PageText::kLocked).arg(station));
-        return false;
-    }
-    int running = 0;
-    if (!OnLink(context, [&] { return ReadRunStatus(link, station, running) != 0; })) return false;
-    if (running) {
-        Prompt().Message(QString::fromLatin1(PageText::kRunning));
-        return false;
-    }
     float version = 0.0f;
     if (!OnLink(context, [&] { return ReadVersion(link, station, version) != 0; })) return false;
     context.driveVersion = version;

@@ -10,6 +10,7 @@
 
 #include "editing/PageTable.h"
 #include "params/ParamTable.h"
+#include "transfer/WriteGuards.h"
 
 #include <QString>
 #include <array>
@@ -27,9 +28,8 @@ namespace PageText {
 inline constexpr const char* kBeyondRange = "Beyond the range!";
 inline constexpr const char* kReadOnly = "The parameter read only!";
 inline constexpr const char* kNotConnected = "It is not connect with inverter!";
-inline constexpr const char* kRunning = "INV is running,please stop it first.";
-inline constexpr const char* kLocked =
-    "The station num %1 has exist password, can't write parameter value!";
+inline constexpr const char* kRunning = kDriveRunningText;
+inline constexpr const char* kLocked = kDriveLockedText;
 inline constexpr const char* kWriteSuccessful = "Write successful!";
 inline constexpr const char* kStationSelect = "Station Select";
 }  // namespace PageText

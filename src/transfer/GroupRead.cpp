@@ -83,15 +83,4 @@ int CGroupReader::ReadGroup(int group, int station) {
     return 1;
 }
 
-const std::array<CGroupReader::Routine, kRegisterGroupCount>& CGroupReader::Routines() {
-    static const std::array<Routine, kRegisterGroupCount> kRoutines{
-        &CGroupReader::ReadGroup00, &CGroupReader::ReadGroup01, &CGroupReader::ReadGroup02,
-        &CGroupReader::ReadGroup03, &CGroupReader::ReadGroup04, &CGroupReader::ReadGroup05,
-        &CGroupReader::ReadGroup06, &CGroupReader::ReadGroup07, &CGroupReader::ReadGroup08,
-        &CGroupReader::ReadGroup09, &CGroupReader::ReadGroup10, &CGroupReader::ReadGroup11,
-        &CGroupReader::ReadGroup12, &CGroupReader::ReadGroup13, &CGroupReader::ReadGroupFxx,
-    };
-    return kRoutines;
-}
-
 }  // namespace quillon

@@ -88,10 +88,6 @@ public:
     int ReadGroup13(int station) { return ReadGroup(13, station); }
     int ReadGroupFxx(int station) { return ReadGroup(14, station); }
 
-    // The fifteen routines in their order: 00 to 13, then Fxx.
-    using Routine = int (CGroupReader::*)(int);
-    static const std::array<Routine, kRegisterGroupCount>& Routines();
-
 private:
     CDriveSerial& m_link;
     CM330Doc& m_doc;

@@ -13,13 +13,13 @@
 #include "transfer/GroupRead.h"
 #include "transfer/Password.h"
 #include "transfer/TransferWindows.h"
+#include "transfer/WriteGuards.h"
 
 namespace quillon {
 namespace {
 
 const char* const kWriteProgressTitle = "Write Inverter function parameter...,";
 const char* const kModelMismatch = "Inverter's type may be not match you select type.Continue ?";
-const char* const kDriveRunning = "INV is running,please stop it first.";
 constexpr int kMotorGroup = 2;
 
 void ShowProgress(IProgress& progress, const char* title) {
@@ -125,20 +125,8 @@ bool CTransferCommands::OnWrite() {
     if (!station || !doc || !link) return false;
     const int st = *station;
 
-    int locked = 0;
-    if (!OnLink(m_windows, [&] { return ReadPasswordState(*link, st, locked); })) return false;
-    if (locked) {
-        Prompt().Message(
-            QStringLiteral("The station num %1 has exist password, can't write parameter value!")
-                .arg(st));
+    if (!PassWriteGuards(*link, st, [&](const auto& step) { return OnLink(m_windows, step); }))
         return false;
-    }
-    int running = 0;
-    if (!OnLink(m_windows, [&] { return ReadRunStatus(*link, st, running); })) return false;
-    if (running) {
-        Prompt().Message(QString::fromLatin1(kDriveRunning));
-        return false;
-    }
     int modelWord = 0;
     int capacity = 0;
     if (!OnLink(m_windows, [&] {

@@ -9,5 +9,6 @@ target_sources(quillon_core PRIVATE
   ${CMAKE_CURRENT_LIST_DIR}/ReadLayout.cpp
   ${CMAKE_CURRENT_LIST_DIR}/TransferCommands.cpp
   ${CMAKE_CURRENT_LIST_DIR}/TransmitStations.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/WriteGuards.cpp
   ${CMAKE_CURRENT_LIST_DIR}/WriteLayout.cpp
 )

@@ -75,7 +75,9 @@ protected:
     // The row's button with `value` entered; the last message shown (empty for none).
     QString Press(const QString& code, const QString& value = {}) {
         auto [page, slot] = PageOf(code);
-        if (!value.isEmpty()) EXPECT_EQ(page->EnterValue(slot, value), QString()) << code.toStdString();
+        if (!value.isEmpty()) {
+            EXPECT_EQ(page->EnterValue(slot, value), QString()) << code.toStdString();
+        }
         // The station is asked only after the connection, read-only and page checks.
         if (m_session.m_bOnline && !page->Control(slot).spec->readOnly) m_prompt.Station(1);
         ClearSent();

@@ -43,8 +43,12 @@ TEST_F(ParamPageWidgetTest, EveryPageShowsItsRows) {
         for (int s = 0; s < spec.RowCount(); ++s) {
             const PageControl& c = page->Logic().Control(s);
             EXPECT_EQ(page->LabelAt(s)->text(), m_doc->RowAt(spec.group, c.row).m_strName);
-            if (page->EditAt(s)) EXPECT_EQ(page->EditAt(s)->text(), c.text);
-            if (page->ComboAt(s)) EXPECT_EQ(page->ComboAt(s)->count(), int(OptionsOf(*c.spec).size()));
+            if (page->EditAt(s)) {
+                EXPECT_EQ(page->EditAt(s)->text(), c.text);
+            }
+            if (page->ComboAt(s)) {
+                EXPECT_EQ(page->ComboAt(s)->count(), int(OptionsOf(*c.spec).size()));
+            }
         }
         SaveScreenshot(*page, QStringLiteral("page_%1.png").arg(spec.templateId));
     }
