@@ -2,9 +2,12 @@
 
 #include "link/FdIo.h"
 
+#include <QFile>
 #include <QFileInfo>
 
 #ifdef Q_OS_UNIX
+#include <cerrno>
+#include <sys/stat.h>
 #include <unistd.h>
 #endif
 #ifdef Q_OS_LINUX
@@ -32,9 +35,23 @@ bool RequestLowLatency(qintptr handle)
 
 namespace {
 
+QString NoPermission(const QString& path)
+{
+    return QStringLiteral("No permission to open %1. Add your user to the dialout group "
+                          "(sudo usermod -aG dialout $USER) and log in again.")
+        .arg(path);
+}
+
 QString OpenFailureReason(const QString& path, QSerialPort::SerialPortError error,
                           const QString& systemText)
 {
+#ifdef Q_OS_UNIX
+    // A device (or a folder on the way to it) this user may not even look at is there all the
+    // same: saying it does not exist would send the person looking for a cable fault.
+    struct stat status {};
+    if (::stat(QFile::encodeName(path).constData(), &status) != 0 && errno == EACCES)
+        return NoPermission(path);
+#endif
     const QFileInfo info(path);
     if (error == QSerialPort::DeviceNotFoundError || !info.exists())
         return QStringLiteral("The device %1 does not exist (unplugged or wrong name).").arg(path);
@@ -45,9 +62,7 @@ QString OpenFailureReason(const QString& path, QSerialPort::SerialPortError erro
         const QByteArray native = QFile::encodeName(info.canonicalFilePath());
         if (::access(native.constData(), R_OK | W_OK) == 0)
             return QStringLiteral("The device %1 is busy: another program has it open.").arg(path);
-        return QStringLiteral("No permission to open %1. Add your user to the dialout group "
-                              "(sudo usermod -aG dialout $USER) and log in again.")
-            .arg(path);
+        return NoPermission(path);
 #endif
     }
     return QStringLiteral("The device %1 could not be opened: %2.").arg(path, systemText);

@@ -10,9 +10,12 @@
 
 #include <gtest/gtest.h>
 
+#include <QFile>
 #include <QFileInfo>
 
 #include <array>
+#include <cstdio>
+#include <sys/stat.h>
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -122,9 +125,30 @@ TEST(PtyTransport, OpenFailuresSayWhy)
     first.Close();
     EXPECT_EQ(OpenOnDevice(second, bus.Path()), 1) << second.OpenFailureDetail().toStdString();
 
+    second.Close();
     CDriveSerial missing;
     EXPECT_EQ(OpenOnDevice(missing, bus.Path() + QStringLiteral("-gone")), 0);
     EXPECT_TRUE(missing.OpenFailureDetail().contains(QStringLiteral("does not exist")));
+
+    // A user outside the device's group gets the way in, not a bare "permission denied": a child
+    // process drops to an unprivileged user (or, not running as root, takes its own rights away).
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    const QByteArray device = QFile::encodeName(QFileInfo(bus.Path()).canonicalFilePath());
+    const auto openUnpermitted = [&] {
+        const bool dropped = ::geteuid() == 0 ? ::setgid(65534) == 0 && ::setuid(65534) == 0
+                                              : ::chmod(device.constData(), 0) == 0;
+        if (!dropped) ::_exit(3);
+        // The device itself, and the pinned name in a folder of the test's own.
+        int refused = 0;
+        for (const QString& path : {QFile::decodeName(device), bus.Path()}) {
+            QString reason;
+            const bool opened = SerialChannel::Open(path, LineSettings{}, reason) != nullptr;
+            std::fprintf(stderr, "%s\n", reason.toUtf8().constData());
+            refused += !opened && reason.contains(QStringLiteral("dialout group"));
+        }
+        ::_exit(refused == 2 ? 0 : 1);
+    };
+    EXPECT_EXIT(openUnpermitted(), testing::ExitedWithCode(0), "No permission to open");
 }
 
 TEST(SerialChannelLatency, PseudoTerminalsRefuseLowLatencyAndStillOpen)
