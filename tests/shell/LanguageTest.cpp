@@ -200,7 +200,7 @@ TEST(Language, EnglishFormLeavesNoChineseInAnyWindow) {
     for (auto& w : windows) {
         found << ChineseTexts(*w);
         const QString name = QString::fromLatin1(w->metaObject()->className()).remove("quillon::");
-        test::SaveScreenshot(*w, QStringLiteral("en-%1.png").arg(name));
+        test::SaveScreenshot(*w, QStringLiteral("en-%1-%2.png").arg(name).arg(&w - windows.data()));
     }
     EXPECT_TRUE(found.isEmpty()) << found.join(u'\n').toStdString();
 }
