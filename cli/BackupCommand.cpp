@@ -53,7 +53,9 @@ int RunBackup(const QStringList& args, QTextStream& out) {
         std::find(stations.begin(), stations.end(), 0) != stations.end())
         return UsageError(QStringLiteral("backup: --stations takes a list such as 1-4,7"));
     if (dir.isEmpty()) return UsageError(QStringLiteral("backup: give -o DIR"));
-    // Nothing is asked of a drive unless its project can be kept.
+    // Nothing is asked of a drive unless its project can be kept. The folder is made as named (a
+    // backup per day, say); one that can't be made is told by the check below.
+    QDir().mkpath(dir);
     if (const QString problem = SaveTargetProblem(QDir(dir).filePath(QStringLiteral("x.qpj")));
         !problem.isEmpty())
         return UsageError(QStringLiteral("backup: ") + SaveFailureText(dir, problem));

@@ -156,12 +156,14 @@ TEST_F(CliTransferTest, DriveOrLinkFailureExitsWithOneAndBadArgumentsWithTwo) {
 // run in the log, the last one a time-out.
 TEST_F(CliTransferTest, BackupSavesWhatAnswersAndLogsTheFrames) {
     const QString log = File("frames.txt");
-    const ProgramRun r = Cli({"backup", "--tcp", m_tcp, "--stations", "3-4", "-o", m_dir.path(),
+    // The folder of the day's backup is made as it is named.
+    const QString folder = m_dir.filePath("plant/2026-11-25");
+    const ProgramRun r = Cli({"backup", "--tcp", m_tcp, "--stations", "3-4", "-o", folder,
                               "--log-frames", log});
     EXPECT_EQ(r.code, 1) << r.err.toStdString();
     const QString link = "127.0.0.1_" + m_tcp.section(':', 1);
-    EXPECT_TRUE(QFile::exists(File(qPrintable(link + "-3.qpj"))));
-    EXPECT_FALSE(QFile::exists(File(qPrintable(link + "-4.qpj"))));
+    EXPECT_TRUE(QFile::exists(folder + "/" + link + "-3.qpj"));
+    EXPECT_FALSE(QFile::exists(folder + "/" + link + "-4.qpj"));
     EXPECT_TRUE(r.out.contains(QRegularExpression(link + " +3 +R770-201-Kxx +ok "))) << r.out.toStdString();
     EXPECT_TRUE(r.out.contains(QRegularExpression(link + " +4 +- +FAILED: TimeOut! "))) << r.out.toStdString();
     const QStringList lines = QString::fromUtf8(Bytes(log)).split('\n', Qt::SkipEmptyParts);
