@@ -3,6 +3,7 @@
 #include "base/CommSettings.h"
 #include "base/ErrorReport.h"
 #include "base/Globals.h"
+#include "link/LinkWork.h"
 #include "shell/AboutDlg.h"
 #include "shell/CommandIds.h"
 #include "shell/HandOver.h"
@@ -13,9 +14,17 @@
 #include "ui/IconCachingStyle.h"
 
 #include <QFileInfo>
+#include <QTimer>
 #include <exception>
+#include <utility>
 
 namespace quillon {
+namespace {
+
+// How often a handed-over project looks again whether the program is free to open it.
+constexpr int kHandOverRetryMs = 200;
+
+}  // namespace
 
 CM330App::CM330App(int& argc, char** argv, Options options)
     : QApplication(argc, argv), m_options(std::move(options)), m_recent(m_options.recentIniPath) {
@@ -100,6 +109,18 @@ void CM330App::TakeHandedProject(const QString& path) {
     if (m_frame->isMinimized()) m_frame->showMaximized();
     m_frame->raise();
     m_frame->activateWindow();
+    const bool waiting = !m_strHandedPath.isEmpty();
+    m_strHandedPath = path;  // of several handed over meanwhile, the last one counts
+    if (!waiting) OpenHandedProject();
+}
+
+void CM330App::OpenHandedProject() {
+    if (!m_frame || m_strHandedPath.isEmpty()) return;
+    if (activeModalWidget() || LinkWorkRunning()) {
+        QTimer::singleShot(kHandOverRetryMs, this, [this] { OpenHandedProject(); });
+        return;
+    }
+    const QString path = std::exchange(m_strHandedPath, QString());
     GuardedCall([&] { OpenDocumentFile(path); });
     m_frame->UpdateCommandUI();
 }

@@ -53,9 +53,13 @@ public:
     // Opens a project file (command line, dropped file); false when it can't be opened.
     bool OpenDocumentFile(const QString& path);
 
-private:
-    // A project another start handed over: opened in this window, brought to the front.
+    // A project another start handed over: the window comes to the front and the project opens
+    // in it. While a dialog is up or a transaction with a drive runs, the open waits until
+    // they are over: both may hold the project that opening would replace.
     void TakeHandedProject(const QString& path);
+
+private:
+    void OpenHandedProject();
 
     Options m_options;
     CRecentFileList m_recent;
@@ -65,6 +69,7 @@ private:
     IPrompt* m_previousPrompt = nullptr;
     std::unique_ptr<CInstanceChannel> m_instances;
     bool m_handedOver = false;
+    QString m_strHandedPath;  // the last project handed over and not opened yet
 };
 
 }  // namespace quillon

@@ -23,7 +23,7 @@ namespace {
 
 class MonitorWidgetsTest : public MonitorTest {
 protected:
-    MonitorContext Context() { return MonitorContext{{1}, [this] { return &m_link; }, {}}; }
+    MonitorContext Context() { return MonitorContext{{1}, [this] { return &m_link; }, {}, {}}; }
     void Click(QPushButton* b)
     {
         ASSERT_NE(b, nullptr);

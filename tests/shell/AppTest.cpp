@@ -4,6 +4,7 @@
 #include "base/CommSettings.h"
 #include "base/ErrorReport.h"
 #include "base/Globals.h"
+#include "params/ProjectFile.h"
 #include "shell/InstanceChannel.h"
 #include "shell/M330App.h"
 #include "shell/MainFrame.h"
@@ -146,4 +147,36 @@ TEST(App, ProjectHandedToTheRunningProgram) {
     EXPECT_TRUE(second.get());
     ASSERT_EQ(handed.size(), 1);
     EXPECT_EQ(handed[0][0].toString(), path);
+}
+
+// A project handed over while a dialog is up waits for the dialog: the dialog may be working on
+// the project the open would replace. Of two handed over meanwhile, the later one opens.
+TEST(App, ProjectHandedOverDuringADialogOpensWhenItCloses) {
+    quillon::test::TempAppDir dir;
+    App().SetOptions({dir.Path() + "recent.ini", dir.Path(), /*showWindow=*/false, {}});
+    ASSERT_TRUE(App().InitInstance());
+    CMainFrame* frame = App().MainFrame();
+    ScriptedPrompt prompt;
+    QTimer::singleShot(0, [] {
+        if (auto* dlg = qobject_cast<QDialog*>(QApplication::activeModalWidget())) dlg->accept();
+    });
+    App().OnFileNew();
+    ASSERT_NE(frame->Document(), nullptr);
+    QString error;
+    ASSERT_TRUE(SaveProjectDocument(*frame->Document(), dir.File("first.qpj"), error));
+    ASSERT_TRUE(SaveProjectDocument(*frame->Document(), dir.File("second.qpj"), error));
+    CM330Doc* const working = frame->Document();
+
+    QDialog dialog(frame);
+    QTimer::singleShot(0, [&] {
+        App().TakeHandedProject(dir.File("first.qpj"));
+        App().TakeHandedProject(dir.File("second.qpj"));
+        QTest::qWait(300);
+        EXPECT_EQ(frame->Document(), working);  // not while the dialog is up
+        dialog.accept();
+    });
+    dialog.exec();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return frame->Document() != working; }, 2000));
+    EXPECT_EQ(frame->StatusPaneText(0).toStdString(), "File name:second.qpj");
+    EXPECT_TRUE(prompt.Messages().isEmpty()) << prompt.Messages().join('\n').toStdString();
 }
