@@ -23,6 +23,10 @@ bool IsInput(QEvent::Type type) {
     case QEvent::ContextMenu:
     case QEvent::TouchBegin:
     case QEvent::Close:
+    // A project dropped on a window would replace the one the work is filling.
+    case QEvent::DragEnter:
+    case QEvent::DragMove:
+    case QEvent::Drop:
         return true;
     default:
         return false;
