@@ -1,5 +1,7 @@
 #include "base/Prompt.h"
 
+#include "base/ThreadHandOff.h"
+
 #include <QCoreApplication>
 #include <QThread>
 #include <cstdio>
@@ -36,17 +38,24 @@ IPrompt* g_prompt = nullptr;
 
 IPrompt& Installed() { return g_prompt ? *g_prompt : g_fallback; }
 
-// Runs `call` on the application's thread and waits for its result there.
+// Runs `call` on the application's thread and waits for its result there. The call takes over
+// what the worker wrote before asking; the worker takes back the answer and what the call wrote.
 template <class F>
 auto OnAppThread(F call) {
     using R = std::invoke_result_t<F>;
-    if constexpr (std::is_void_v<R>) {
-        QMetaObject::invokeMethod(QCoreApplication::instance(), call,
+    const auto ask = [&call](auto run) {
+        QMetaObject::invokeMethod(QCoreApplication::instance(), HandOverCall([&] {
+                                      run();
+                                      HandOff(&call);
+                                  }),
                                   Qt::BlockingQueuedConnection);
+        TakeHandOff(&call);
+    };
+    if constexpr (std::is_void_v<R>) {
+        ask(call);
     } else {
         R result{};
-        QMetaObject::invokeMethod(
-            QCoreApplication::instance(), [&] { result = call(); }, Qt::BlockingQueuedConnection);
+        ask([&] { result = call(); });
         return result;
     }
 }

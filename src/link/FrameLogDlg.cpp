@@ -1,5 +1,7 @@
 #include "link/FrameLogDlg.h"
 
+#include "base/ThreadHandOff.h"
+
 #include <QDialogButtonBox>
 #include <QFontDatabase>
 #include <QPlainTextEdit>
@@ -34,8 +36,10 @@ CFrameLogDlg::~CFrameLogDlg() { SetFrameSink(m_previous); }
 void CFrameLogDlg::OnFrame(const FrameRecord& record) {
     QString text = FormatFrameRecord(record);
     text.chop(1);  // each appended paragraph ends its own line
+    // Called on the thread that ran the transaction; the text is shown on the dialog's thread.
     QMetaObject::invokeMethod(
-        this, [this, text] { m_pText->appendPlainText(text); }, Qt::QueuedConnection);
+        this, HandOverCall([this, text] { m_pText->appendPlainText(text); }),
+        Qt::QueuedConnection);
 }
 
 void CFrameLogDlg::ShowFor(QWidget* parent) {

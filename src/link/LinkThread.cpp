@@ -1,5 +1,7 @@
 #include "link/LinkThread.h"
 
+#include "base/ThreadHandOff.h"
+
 #include <utility>
 
 namespace quillon {
@@ -9,7 +11,11 @@ public:
     explicit Worker(LinkThread& owner) : m_owner(owner) { setObjectName(QStringLiteral("link")); }
 
 protected:
-    void run() override { m_owner.Loop(); }
+    void run() override {
+        m_owner.Loop();
+        // The thread's last touch of the link's state; the destructor takes it over after wait().
+        HandOff(&m_owner);
+    }
 
 private:
     LinkThread& m_owner;
@@ -28,6 +34,7 @@ LinkThread::~LinkThread()
     }
     m_toWorker.notify_one();
     m_worker->wait();
+    TakeHandOff(this);  // what the thread did comes before the members go away
 }
 
 bool LinkThread::IsCurrent() const

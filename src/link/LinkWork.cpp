@@ -1,5 +1,7 @@
 #include "link/LinkWork.h"
 
+#include "base/ThreadHandOff.h"
+
 #include <QCoreApplication>
 #include <QEventLoop>
 #include <QThread>
@@ -39,7 +41,8 @@ void RunLinkWork(const std::function<void()>& job) {
         } catch (...) {
             error = std::current_exception();
         }
-        QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(&loop, HandOverCall([&loop] { loop.quit(); }),
+                                  Qt::QueuedConnection);
     });
     // The loop also ends when the application quits; the join below still waits for the job.
     loop.exec();

@@ -1,6 +1,7 @@
 #include "monitor/WorkerRunner.h"
 
 #include "base/ErrorReport.h"
+#include "base/ThreadHandOff.h"
 
 #include <QObject>
 
@@ -51,7 +52,8 @@ void CWorkerRunner::Loop()
         } catch (const std::exception&) {
             // The completion sees the exchanges that didn't run as failed ones.
         }
-        QMetaObject::invokeMethod(m_context.get(), Guarded(std::move(job.done)),
+        // The completion reads what the work wrote on this thread.
+        QMetaObject::invokeMethod(m_context.get(), HandOverCall(Guarded(std::move(job.done))),
                                   Qt::QueuedConnection);
     }
 }

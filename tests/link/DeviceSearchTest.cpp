@@ -8,8 +8,8 @@
 #include "link/SearchProtocol.h"
 #include "SimModule.h"
 #include "support/NetNamespace.h"
+#include "support/ProgramRun.h"
 
-#include <QProcess>
 #include <algorithm>
 #include <arpa/inet.h>
 #include <netinet/in.h>
@@ -161,7 +161,7 @@ TEST(DeviceSearch, AddressAssignedByMacEvenOutsideTheLocalNetwork)
     QUILLON_IN_OWN_NETWORK_NAMESPACE();
     ScopedSearchAddress address(kBroadcast);
     // A module on a network of its own: 10.20.30.40 is no address of the searcher's network.
-    ASSERT_EQ(QProcess::execute(QStringLiteral("ip"), {"addr", "add", "10.20.30.40/32", "dev", "lo"}), 0);
+    ASSERT_EQ(RunProgram(QStringLiteral("ip"), {"addr", "add", "10.20.30.40/32", "dev", "lo"}).code, 0);
     Module a(QStringLiteral("10.20.30.40"), kMacA);
     Module b(QStringLiteral("127.0.0.3"), kMacB);
 

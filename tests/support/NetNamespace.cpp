@@ -1,8 +1,8 @@
 #include "support/NetNamespace.h"
 
+#include "support/ProgramRun.h"
+
 #include <QFileInfo>
-#include <QProcess>
-#include <QProcessEnvironment>
 #include <cerrno>
 #include <cstring>
 #include <net/if.h>
@@ -40,14 +40,12 @@ bool BringLoopbackUp(QString& why)
 bool NamespacesAvailable(QString& why)
 {
     static const QString reason = [] {
-        QProcess probe;
-        probe.setProcessChannelMode(QProcess::MergedChannels);
-        probe.start(QStringLiteral("unshare"), {QStringLiteral("-rn"), QStringLiteral("true")});
-        if (!probe.waitForFinished(10'000))
+        const ProgramRun probe = RunProgram(QStringLiteral("unshare"), {"-rn", "true"}, 10'000);
+        if (probe.code == 127)
             return QStringLiteral("'unshare -rn' could not be run (util-linux missing?)");
-        if (probe.exitStatus() != QProcess::NormalExit || probe.exitCode() != 0)
+        if (probe.code != 0)
             return QStringLiteral("no user/network namespaces here ('unshare -rn' says: %1)")
-                .arg(QString::fromLocal8Bit(probe.readAll()).trimmed());
+                .arg((probe.out + probe.err).trimmed());
         return QString();
     }();
     why = reason;
@@ -71,18 +69,13 @@ NetnsRun RunInOwnNetworkNamespace(QString& why)
         QStringLiteral("--gtest_filter=%1.%2").arg(QLatin1String(info->test_suite_name()),
                                                    QLatin1String(info->name()));
     const QString exe = QFileInfo(QStringLiteral("/proc/self/exe")).symLinkTarget();
-    QProcess child;
-    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-    env.insert(QString::fromLatin1(kChildVariable), QStringLiteral("1"));
-    child.setProcessEnvironment(env);
-    child.setProcessChannelMode(QProcess::MergedChannels);
-    child.start(QStringLiteral("unshare"), {QStringLiteral("-rn"), exe, filter});
-    const bool finished = child.waitForFinished(kChildTimeoutMs);
-    if (!finished)
-        child.kill();
-    child.waitForFinished(1000);
-    const QString output = QString::fromLocal8Bit(child.readAll());
-    if (!finished || child.exitStatus() != QProcess::NormalExit || child.exitCode() != 0) {
+    const ProgramRun child =
+        RunProgram(QStringLiteral("env"),
+                   {QStringLiteral("%1=1").arg(QLatin1String(kChildVariable)), QStringLiteral("unshare"),
+                    QStringLiteral("-rn"), exe, filter},
+                   kChildTimeoutMs);
+    const QString output = child.out + child.err;
+    if (child.code != 0) {
         ADD_FAILURE() << "the test failed in its network namespace:\n" << output.toStdString();
     } else if (!output.contains(QLatin1String("[  PASSED  ] 1 test"))) {
         ADD_FAILURE() << "the test did not run in its network namespace:\n" << output.toStdString();

@@ -14,8 +14,8 @@ struct ProgramRun {
     QStringList OutLines() const { return out.split('\n', Qt::SkipEmptyParts); }
 };
 
-// Starts `program` with `args`, waits up to `timeoutMs`; a program that doesn't finish is
-// killed and fails the test. `inChild` runs in the child before the program starts (limits).
+// Starts `program` (looked up in PATH) with `args` and nothing on its standard input, waits up
+// to `timeoutMs`; a program that doesn't finish is killed and fails the test. `inChild` runs in the child before the program starts (limits).
 ProgramRun RunProgram(const QString& program, const QStringList& args, int timeoutMs = 30000,
                       const std::function<void()>& inChild = {});
 
