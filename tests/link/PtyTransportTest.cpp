@@ -15,6 +15,7 @@
 
 #include <array>
 #include <cstdio>
+#include <string>
 #include <sys/stat.h>
 #include <fcntl.h>
 #include <unistd.h>
@@ -132,7 +133,8 @@ TEST(PtyTransport, OpenFailuresSayWhy)
 
     // A user outside the device's group gets the way in, not a bare "permission denied": a child
     // process drops to an unprivileged user (or, not running as root, takes its own rights away).
-    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    const std::string style = GTEST_FLAG_GET(death_test_style);
+    GTEST_FLAG_SET(death_test_style, "threadsafe");  // the simulated bus runs a thread of its own
     const QByteArray device = QFile::encodeName(QFileInfo(bus.Path()).canonicalFilePath());
     const auto openUnpermitted = [&] {
         const bool dropped = ::geteuid() == 0 ? ::setgid(65534) == 0 && ::setuid(65534) == 0
@@ -149,6 +151,7 @@ TEST(PtyTransport, OpenFailuresSayWhy)
         ::_exit(refused == 2 ? 0 : 1);
     };
     EXPECT_EXIT(openUnpermitted(), testing::ExitedWithCode(0), "No permission to open");
+    GTEST_FLAG_SET(death_test_style, style);
 }
 
 TEST(SerialChannelLatency, PseudoTerminalsRefuseLowLatencyAndStillOpen)
